@@ -1,0 +1,12 @@
+// Attach and detach notifications: dllmain_win32.cpp passes on the DLL's, tlscallback_win32.cpp those of a program that
+// is linked to the static library.
+#pragma once
+
+#include <windows.h>
+
+namespace ark {
+
+// False when the process or thread that is being attached cannot have a context.
+BOOL notify(DWORD reason);
+
+} // namespace ark

@@ -1,0 +1,89 @@
+// How an operation checks its arguments and reports: who reports, one check, the two styles of checking.
+//
+//   constexpr ark::Module here{"arkarith"};
+//
+//   void arksbZero(float* dst, int n) { zero(here(), dst, n); }       // here() captures the member's name and line
+//
+//   template <class T> void zero(Where at, T* dst, int n)
+//   {
+//       if (allGood(at, {{n <= 0, "n<=0"}, {!dst, "dst==0"}}))
+//           ...
+//   }
+//
+// Messages are part of the interface and are written out: some name another argument than the one that they check, and
+// a formatter would respell a stringised condition.
+#pragma once
+
+#include "frame/context.hpp"
+
+#include <cstddef>
+
+namespace ark {
+
+// The exported function that is running, its source module, and the line that every check of the call reports.
+struct Where {
+    const char* function;
+    const char* module;
+    int line;
+};
+
+class Module {
+public:
+    constexpr explicit Module(const char* name) : name_{name} {}
+
+    constexpr Where operator()(const char* function = __builtin_FUNCTION(), int line = __builtin_LINE()) const
+    {
+        return {function, name_, line};
+    }
+
+private:
+    const char* name_;
+};
+
+struct Check {
+    bool failed;
+    const char* message;
+};
+
+// Out of line and cold: the calls below stay a few compares on the path of good arguments.
+void report(Where at, int status, const char* message);
+void reportFailed(Where at, const Check* checks, std::size_t count);
+
+inline void badArgument(Where at, const char* message) { report(at, ARK_StatusBadArgument, message); }
+inline void outOfMemory(Where at, const char* message) { report(at, ARK_StatusOutOfMemory, message); }
+
+// For an operation that found a negative status after an inner operation: adds its own name to the report.
+inline void backtrace(Where at) { report(at, ARK_StatusBacktrace, nullptr); }
+
+// The status gate: false when a failure, also an earlier one, is recorded for this thread.
+inline bool statusGood() { return context().head.status >= 0; }
+
+// Style 1: reports every failed check, then tests the status. False when the operation must not go on. A failed check
+// counts even when the handler has cleared the status.
+template <std::size_t count>
+inline bool allGood(Where at, const Check (&checks)[count])
+{
+    bool failed = false;
+    for (const Check& check : checks)
+        failed |= check.failed;
+    if (failed) [[unlikely]] {
+        reportFailed(at, checks, count);
+        return false;
+    }
+    return statusGood();
+}
+
+// Style 2: reports the first failed check only and does not look at the status. All conditions are evaluated before
+// the call: one that needs an earlier one to hold guards itself (!state || state->mark != ...).
+template <std::size_t count>
+inline bool firstGood(Where at, const Check (&checks)[count])
+{
+    for (const Check& check : checks)
+        if (check.failed) [[unlikely]] {
+            badArgument(at, check.message);
+            return false;
+        }
+    return true;
+}
+
+} // namespace ark

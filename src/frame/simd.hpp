@@ -1,0 +1,438 @@
+// The narrow vector layer: one native register of the instruction set that a kernel file is being compiled for.
+//
+// Arithmetic, comparisons and shifts are the compilers' own operators on vector types; this adds what operators cannot
+// say. Everything is in an unnamed namespace inside the set's namespace and always inlined: nothing of it may become a
+// function that the linker could share between sets.
+#pragma once
+
+#include <cstddef>
+#include <immintrin.h>
+#include <utility>
+
+#if defined(__AVX512F__) && defined(__AVX512BW__) && defined(__AVX512DQ__) && defined(__AVX512VL__)
+#define ARK_MM(name) _mm512_##name
+#define ARK_AVX512 1
+#define ARK_AVX2 0
+#elif defined(__AVX2__) && defined(__FMA__)
+#define ARK_MM(name) _mm256_##name
+#define ARK_AVX512 0
+#define ARK_AVX2 1
+#elif defined(__SSE2__)
+#define ARK_MM(name) _mm_##name
+#define ARK_AVX512 0
+#define ARK_AVX2 0
+#else
+#error "kernels need at least SSE2"
+#endif
+
+#define ARK_INLINE inline __attribute__((always_inline))
+
+namespace ark::ARK_SET {
+namespace {
+
+#if ARK_AVX512
+using Bits = __m512i;
+#elif ARK_AVX2
+using Bits = __m256i;
+#else
+using Bits = __m128i;
+#endif
+
+template <class T>
+inline constexpr int lanes = int(sizeof(Bits) / sizeof(T));
+
+template <class T>
+struct VectorOf {
+    typedef T Type __attribute__((vector_size(sizeof(Bits))));
+};
+
+template <class T>
+using Vec = typename VectorOf<T>::Type;
+
+// ---- memory: any address ----
+
+template <class T>
+ARK_INLINE Vec<T> load(const T* from)
+{
+    Vec<T> v;
+    __builtin_memcpy(&v, from, sizeof v);
+    return v;
+}
+
+template <class T>
+ARK_INLINE void store(T* to, Vec<T> v)
+{
+    __builtin_memcpy(to, &v, sizeof v);
+}
+
+// The first n lanes, 0 < n < lanes<T>: nothing behind them is touched; the other lanes load as zero.
+template <class T>
+ARK_INLINE Vec<T> loadPart(const T* from, std::ptrdiff_t n)
+{
+#if ARK_AVX512
+    const __mmask64 bytes = ~0ull >> (64 - std::size_t(n) * sizeof(T));
+    return (Vec<T>)_mm512_maskz_loadu_epi8(bytes, from);
+#else
+    Vec<T> v{};
+    __builtin_memcpy(&v, from, std::size_t(n) * sizeof(T));
+    return v;
+#endif
+}
+
+template <class T>
+ARK_INLINE void storePart(T* to, Vec<T> v, std::ptrdiff_t n)
+{
+#if ARK_AVX512
+    const __mmask64 bytes = ~0ull >> (64 - std::size_t(n) * sizeof(T));
+    _mm512_mask_storeu_epi8(to, bytes, (Bits)v);
+#else
+    __builtin_memcpy(to, &v, std::size_t(n) * sizeof(T));
+#endif
+}
+
+// ---- constants and permutations ----
+
+template <class T, std::size_t... i>
+ARK_INLINE Vec<T> alternatingIn(T even, T odd, std::index_sequence<i...>)
+{
+    return Vec<T>{(i % 2 ? odd : even)...};
+}
+
+template <class T>
+ARK_INLINE Vec<T> alternating(T even, T odd)
+{
+    return alternatingIn(even, odd, std::make_index_sequence<lanes<T>>{});
+}
+
+template <class T>
+ARK_INLINE Vec<T> broadcast(T value)
+{
+    return alternating(value, value);
+}
+
+template <class V>
+inline constexpr int lanesOf = int(sizeof(V) / sizeof(V{}[0]));
+
+template <int (*source)(int lane, int lanes), class V, std::size_t... i>
+ARK_INLINE V permuteIn(V v, std::index_sequence<i...>)
+{
+    return __builtin_shufflevector(v, v, source(int(i), lanesOf<V>)...);
+}
+
+// Lane i of the result is lane source(i, number of lanes) of v.
+template <int (*source)(int lane, int lanes), class V>
+ARK_INLINE V permute(V v)
+{
+    return permuteIn<source>(v, std::make_index_sequence<lanesOf<V>>{});
+}
+
+// Permutations of complex pairs.
+constexpr int realPart(int lane, int) { return lane & ~1; }
+constexpr int imaginaryPart(int lane, int) { return lane | 1; }
+constexpr int otherPart(int lane, int) { return lane ^ 1; }
+constexpr int flippedPairs(int lane, int lanes) { return (lanes - 2 - (lane & ~1)) | (lane & 1); }
+
+// ---- floating point ----
+
+template <class T>
+struct BitsOf;
+template <>
+struct BitsOf<float> {
+    using Type = unsigned;
+    static constexpr Type sign = 0x80000000u;
+};
+template <>
+struct BitsOf<double> {
+    using Type = unsigned long long;
+    static constexpr Type sign = 0x8000000000000000ull;
+};
+
+// Changes the sign of every second lane: of the imaginary parts, or of the real parts.
+template <class T>
+ARK_INLINE Vec<T> negateImaginary(Vec<T> v)
+{
+    using B = BitsOf<T>;
+    return (Vec<T>)((Vec<typename B::Type>)v ^ alternating<typename B::Type>(0, B::sign));
+}
+template <class T>
+ARK_INLINE Vec<T> negateReal(Vec<T> v)
+{
+    using B = BitsOf<T>;
+    return (Vec<T>)((Vec<typename B::Type>)v ^ alternating<typename B::Type>(B::sign, 0));
+}
+
+// a * b for complex pairs: every product and sum rounded once.
+template <class T>
+ARK_INLINE Vec<T> multiplyComplex(Vec<T> a, Vec<T> b)
+{
+    return permute<realPart>(a) * b + negateReal<T>(permute<imaginaryPart>(a) * permute<otherPart>(b));
+}
+
+// The second operand where either is not a number.
+ARK_INLINE Vec<float> larger(Vec<float> a, Vec<float> b) { return (Vec<float>)ARK_MM(max_ps)(a, b); }
+ARK_INLINE Vec<double> larger(Vec<double> a, Vec<double> b) { return (Vec<double>)ARK_MM(max_pd)(a, b); }
+ARK_INLINE Vec<float> smaller(Vec<float> a, Vec<float> b) { return (Vec<float>)ARK_MM(min_ps)(a, b); }
+ARK_INLINE Vec<double> smaller(Vec<double> a, Vec<double> b) { return (Vec<double>)ARK_MM(min_pd)(a, b); }
+
+// Rounds to an integral value. direction is the processor's code: 0 to nearest even, 1 down, 2 up, 3 toward zero.
+#if ARK_AVX512
+template <int direction>
+ARK_INLINE Vec<float> roundTo(Vec<float> x)
+{
+    return (Vec<float>)_mm512_roundscale_ps(x, direction | _MM_FROUND_NO_EXC);
+}
+template <int direction>
+ARK_INLINE Vec<double> roundTo(Vec<double> x)
+{
+    return (Vec<double>)_mm512_roundscale_pd(x, direction | _MM_FROUND_NO_EXC);
+}
+#elif ARK_AVX2
+template <int direction>
+ARK_INLINE Vec<float> roundTo(Vec<float> x)
+{
+    return (Vec<float>)_mm256_round_ps(x, direction | _MM_FROUND_NO_EXC);
+}
+template <int direction>
+ARK_INLINE Vec<double> roundTo(Vec<double> x)
+{
+    return (Vec<double>)_mm256_round_pd(x, direction | _MM_FROUND_NO_EXC);
+}
+#else
+template <class T, int direction>
+ARK_INLINE Vec<T> roundByAdding(Vec<T> x)
+{
+    using B = Vec<typename BitsOf<T>::Type>;
+    const B signBit = B{} + BitsOf<T>::sign;
+    const B sign = (B)x & signBit;
+    // From here on every value is integral; adding and taking it away rounds to nearest even.
+    const Vec<T> integral = broadcast<T>(sizeof(T) == 4 ? T(0x1p23) : T(0x1p52));
+    const Vec<T> magnitude = (Vec<T>)((B)x & ~signBit);
+    const B small = (B)(magnitude < integral);
+    const Vec<T> nearest = (magnitude + integral) - integral;
+    const Vec<T> one = broadcast(T(1));
+    Vec<T> result = (Vec<T>)((B)nearest | sign);
+    if (direction == 1)
+        result -= (Vec<T>)((B)(result > x) & (B)one);
+    if (direction == 2)
+        result += (Vec<T>)((B)(result < x) & (B)one);
+    if (direction == 3)
+        result = (Vec<T>)((B)(nearest - (Vec<T>)((B)(nearest > magnitude) & (B)one)) | sign);
+    return (Vec<T>)(((B)result & small) | ((B)x & ~small));
+}
+template <int direction>
+ARK_INLINE Vec<float> roundTo(Vec<float> x)
+{
+    return roundByAdding<float, direction>(x);
+}
+template <int direction>
+ARK_INLINE Vec<double> roundTo(Vec<double> x)
+{
+    return roundByAdding<double, direction>(x);
+}
+#endif
+
+// ---- integers ----
+
+// True when any bit of the vector is set.
+template <class V>
+ARK_INLINE bool anySet(V v)
+{
+#if ARK_AVX512
+    return _mm512_test_epi32_mask((Bits)v, (Bits)v) != 0;
+#elif ARK_AVX2
+    return !_mm256_testz_si256((Bits)v, (Bits)v);
+#else
+    return _mm_movemask_epi8(_mm_cmpeq_epi8((Bits)v, _mm_setzero_si128())) != 0xFFFF;
+#endif
+}
+
+// Shifts every lane by one count; a count of the lane's width or more leaves sign bits or zeros.
+ARK_INLINE Vec<int> shiftRight(Vec<int> v, int count)
+{
+    return (Vec<int>)ARK_MM(sra_epi32)((Bits)v, _mm_cvtsi32_si128(count));
+}
+ARK_INLINE Vec<short> shiftRight(Vec<short> v, int count)
+{
+    return (Vec<short>)ARK_MM(sra_epi16)((Bits)v, _mm_cvtsi32_si128(count));
+}
+ARK_INLINE Vec<int> shiftLeft(Vec<int> v, int count)
+{
+    return (Vec<int>)ARK_MM(sll_epi32)((Bits)v, _mm_cvtsi32_si128(count));
+}
+
+// Sums that wrap: the operators on signed lanes must not overflow.
+ARK_INLINE Vec<int> addWrapping(Vec<int> a, Vec<int> b) { return (Vec<int>)((Vec<unsigned>)a + (Vec<unsigned>)b); }
+ARK_INLINE Vec<int> subWrapping(Vec<int> a, Vec<int> b) { return (Vec<int>)((Vec<unsigned>)a - (Vec<unsigned>)b); }
+
+// 32-bit results of 16-bit lanes: the low and the high half of every 128 bits. widen and its kin split a register so,
+// packSaturated joins it again, hence the order never shows.
+struct Wide {
+    Vec<int> low, high;
+};
+
+ARK_INLINE Wide interleave16(Bits a, Bits b)
+{
+    return {(Vec<int>)ARK_MM(unpacklo_epi16)(a, b), (Vec<int>)ARK_MM(unpackhi_epi16)(a, b)};
+}
+ARK_INLINE Wide interleave32(Vec<int> a, Vec<int> b)
+{
+    return {(Vec<int>)ARK_MM(unpacklo_epi32)((Bits)a, (Bits)b), (Vec<int>)ARK_MM(unpackhi_epi32)((Bits)a, (Bits)b)};
+}
+ARK_INLINE Wide widen(Vec<short> v)
+{
+    const Wide doubled = interleave16((Bits)v, (Bits)v);
+    return {doubled.low >> 16, doubled.high >> 16};
+}
+ARK_INLINE Vec<short> packSaturated(Wide w)
+{
+    return (Vec<short>)ARK_MM(packs_epi32)((Bits)w.low, (Bits)w.high);
+}
+ARK_INLINE Vec<short> packWrapped(Wide w)
+{
+    return packSaturated({shiftLeft(w.low, 16) >> 16, shiftLeft(w.high, 16) >> 16});
+}
+ARK_INLINE Wide multiplyWide(Vec<short> a, Vec<short> b)
+{
+    return interleave16((Bits)ARK_MM(mullo_epi16)((Bits)a, (Bits)b), (Bits)ARK_MM(mulhi_epi16)((Bits)a, (Bits)b));
+}
+// a[0] b[0] + a[1] b[1] for every pair of lanes; four times -32768 wraps.
+ARK_INLINE Vec<int> multiplyAddPairs(Vec<short> a, Vec<short> b)
+{
+    return (Vec<int>)ARK_MM(madd_epi16)((Bits)a, (Bits)b);
+}
+ARK_INLINE Vec<short> addSaturated(Vec<short> a, Vec<short> b)
+{
+    return (Vec<short>)ARK_MM(adds_epi16)((Bits)a, (Bits)b);
+}
+ARK_INLINE Vec<short> subSaturated(Vec<short> a, Vec<short> b)
+{
+    return (Vec<short>)ARK_MM(subs_epi16)((Bits)a, (Bits)b);
+}
+
+// ---- between 8-, 16- and 32-bit integers in memory and 32-bit lanes in order ----
+
+template <class Int>
+inline constexpr bool isSigned = Int(-1) < Int(0);
+
+template <class Int>
+ARK_INLINE Vec<int> loadAsInts(const Int* from)
+{
+    if constexpr (sizeof(Int) == 4) {
+        Vec<int> v;
+        __builtin_memcpy(&v, from, sizeof v);
+        return v;
+    } else {
+#if ARK_AVX512 || ARK_AVX2
+#if ARK_AVX512
+        const auto halves = [&] { return _mm256_loadu_si256(reinterpret_cast<const __m256i_u*>(from)); };
+        const auto quarters = [&] { return _mm_loadu_si128(reinterpret_cast<const __m128i_u*>(from)); };
+#else
+        const auto halves = [&] { return _mm_loadu_si128(reinterpret_cast<const __m128i_u*>(from)); };
+        const auto quarters = [&] { return _mm_loadl_epi64(reinterpret_cast<const __m128i_u*>(from)); };
+#endif
+        if constexpr (sizeof(Int) == 2)
+            return isSigned<Int> ? (Vec<int>)ARK_MM(cvtepi16_epi32)(halves())
+                                 : (Vec<int>)ARK_MM(cvtepu16_epi32)(halves());
+        else
+            return isSigned<Int> ? (Vec<int>)ARK_MM(cvtepi8_epi32)(quarters())
+                                 : (Vec<int>)ARK_MM(cvtepu8_epi32)(quarters());
+#else
+        constexpr int unused = 32 - 8 * int(sizeof(Int)); // bits of a lane
+        __m128i v = _mm_setzero_si128();
+        __builtin_memcpy(&v, from, 4 * sizeof(Int));
+        if constexpr (sizeof(Int) == 1)
+            v = _mm_unpacklo_epi8(v, v);
+        v = _mm_unpacklo_epi16(v, v);
+        return isSigned<Int> ? (Vec<int>)_mm_srai_epi32(v, unused) : (Vec<int>)_mm_srli_epi32(v, unused);
+#endif
+    }
+}
+
+// Every lane must be representable in Int.
+template <class Int>
+ARK_INLINE void storeInts(Int* to, Vec<int> v)
+{
+    if constexpr (sizeof(Int) == 4) {
+        __builtin_memcpy(to, &v, sizeof v);
+    } else {
+#if ARK_AVX512
+        if constexpr (sizeof(Int) == 2)
+            _mm256_storeu_si256(reinterpret_cast<__m256i_u*>(to), _mm512_cvtepi32_epi16((Bits)v));
+        else
+            _mm_storeu_si128(reinterpret_cast<__m128i_u*>(to), _mm512_cvtepi32_epi8((Bits)v));
+#else
+        if constexpr (sizeof(Int) == 2 && !isSigned<Int>)
+            v = shiftLeft(v, 16) >> 16; // the packing below saturates as signed
+        Bits packed = ARK_MM(packs_epi32)((Bits)v, (Bits)v);
+        if constexpr (sizeof(Int) == 1)
+            packed = isSigned<Int> ? ARK_MM(packs_epi16)(packed, packed) : ARK_MM(packus_epi16)(packed, packed);
+#if ARK_AVX2
+        const __m128i low = _mm256_castsi256_si128(packed), high = _mm256_extracti128_si256(packed, 1);
+        const __m128i joined = sizeof(Int) == 2 ? _mm_unpacklo_epi64(low, high) : _mm_unpacklo_epi32(low, high);
+        __builtin_memcpy(to, &joined, 8 * sizeof(Int));
+#else
+        __builtin_memcpy(to, &packed, 4 * sizeof(Int));
+#endif
+#endif
+    }
+}
+
+// As many floating-point lanes as a register has 32-bit lanes: one register of floats or two of doubles.
+template <class T>
+struct Lanes32 {
+    static constexpr int registers = int(sizeof(T) / 4);
+    Vec<T> part[registers];
+};
+
+template <class T>
+ARK_INLINE Lanes32<T> loadLanes32(const T* from)
+{
+    Lanes32<T> x;
+    __builtin_memcpy(&x, from, sizeof x);
+    return x;
+}
+
+template <class T>
+ARK_INLINE void storeLanes32(T* to, Lanes32<T> x)
+{
+    __builtin_memcpy(to, &x, sizeof x);
+}
+
+// Toward zero; every lane within the range of int.
+ARK_INLINE Vec<int> truncateToInts(Lanes32<float> x) { return (Vec<int>)ARK_MM(cvttps_epi32)(x.part[0]); }
+ARK_INLINE Vec<int> truncateToInts(Lanes32<double> x)
+{
+#if ARK_AVX512
+    return (Vec<int>)_mm512_inserti64x4(_mm512_castsi256_si512(_mm512_cvttpd_epi32(x.part[0])),
+                                        _mm512_cvttpd_epi32(x.part[1]), 1);
+#elif ARK_AVX2
+    return (Vec<int>)_mm256_set_m128i(_mm256_cvttpd_epi32(x.part[1]), _mm256_cvttpd_epi32(x.part[0]));
+#else
+    return (Vec<int>)_mm_unpacklo_epi64(_mm_cvttpd_epi32(x.part[0]), _mm_cvttpd_epi32(x.part[1]));
+#endif
+}
+
+template <class T>
+Lanes32<T> fromInts(Vec<int> v);
+
+template <>
+ARK_INLINE Lanes32<float> fromInts<float>(Vec<int> v)
+{
+    return {{(Vec<float>)ARK_MM(cvtepi32_ps)((Bits)v)}};
+}
+template <>
+ARK_INLINE Lanes32<double> fromInts<double>(Vec<int> v)
+{
+#if ARK_AVX512
+    return {{(Vec<double>)_mm512_cvtepi32_pd(_mm512_castsi512_si256((Bits)v)),
+             (Vec<double>)_mm512_cvtepi32_pd(_mm512_extracti64x4_epi64((Bits)v, 1))}};
+#elif ARK_AVX2
+    return {{(Vec<double>)_mm256_cvtepi32_pd(_mm256_castsi256_si128((Bits)v)),
+             (Vec<double>)_mm256_cvtepi32_pd(_mm256_extracti128_si256((Bits)v, 1))}};
+#else
+    return {{(Vec<double>)_mm_cvtepi32_pd((Bits)v), (Vec<double>)_mm_cvtepi32_pd(_mm_unpackhi_epi64((Bits)v, (Bits)v))}};
+#endif
+}
+
+} // namespace
+} // namespace ark::ARK_SET

@@ -1,0 +1,52 @@
+// Conversion between floating-point and integer vectors.
+#pragma once
+
+#include "frame/kernels.hpp"
+#include "frame/report.hpp"
+
+#include <arkpx/vector.h>
+
+#include <bit>
+
+namespace ark {
+
+template <class Real>
+const typename ConvertKernels<Real>::Integer& integerKernels(int wordBits, int flags)
+{
+    const int width = std::countr_zero(unsigned(wordBits)) - 3; // 8, 16, 32 bits: 0, 1, 2
+    return kernels<ConvertKernels<Real>>().integers[width][(flags & ARK_Unsigned) != 0];
+}
+
+inline bool isWordSize(int wordBits) { return wordBits == 8 || wordBits == 16 || wordBits == 32; }
+
+template <class Real>
+void floatToInt(Where at, const Real* src, void* dst, int len, int wordBits, int flags)
+{
+    const auto roundingFlags = unsigned(flags) & (ARK_RoundNearest | ARK_RoundZero | ARK_RoundDown | ARK_RoundUp);
+    context().head.status = ARK_StatusOk;
+    if (!allGood(at, {{len <= 0, "len<=0"},
+                      {!src, "src==0"},
+                      {!dst, "dst==0"},
+                      {!isWordSize(wordBits), "Invalid size of an integer"},
+                      {!std::has_single_bit(roundingFlags), "Invalid conversion flag"}}))
+        return;
+    const int rounding = std::countr_zero(roundingFlags) - std::countr_zero(unsigned(ARK_RoundNearest));
+    const auto convert = integerKernels<Real>(wordBits, flags).toInt[rounding];
+    const bool anyOutside = convert(src, dst, len, (flags & ARK_Saturate) != 0);
+    if (anyOutside && (flags & ARK_ReportRange))
+        badArgument(at, "Value out of range");
+}
+
+template <class Real>
+void intToFloat(Where at, const void* src, Real* dst, int len, int wordBits, int flags)
+{
+    context().head.status = ARK_StatusOk;
+    if (allGood(at, {{len <= 0, "len<=0"},
+                     {!src, "src==0"},
+                     {!dst, "dst==0"},
+                     {!isWordSize(wordBits), "Invalid size of an integer"},
+                     {flags != 0 && flags != ARK_Unsigned, "Invalid conversion flag"}}))
+        integerKernels<Real>(wordBits, flags).fromInt(src, dst, len);
+}
+
+} // namespace ark

@@ -1,0 +1,132 @@
+// The scaling rules of 16-bit results: one text for every 16-bit operation.
+#pragma once
+
+#include "frame/kernels.hpp"
+#include "frame/report.hpp"
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+
+namespace ark {
+
+struct Scaling {
+    int mode;
+    int* factor;
+};
+
+// ---- arithmetic: exact 32-bit results of two 16-bit operands, shift counts modulo 32 ----
+
+struct FixedRule {
+    ShortRule rule;
+    int count;
+};
+
+// Of every mode but ARK_AUTO_SCALE.
+inline FixedRule fixedRule(Scaling scaling)
+{
+    if (scaling.mode == ARK_WRAP)
+        return {wrapRule, 0};
+    if (scaling.mode == ARK_SATURATE)
+        return {saturateRule, 0};
+    const bool saturate = scaling.mode == (ARK_FIXED_SCALE | ARK_SATURATE);
+    const int factor = scaling.factor ? *scaling.factor : 0;
+    if (factor >= 0)
+        return {saturate ? rightSaturateRule : rightRule, factor & 31};
+    return {saturate ? leftSaturateRule : leftRule, int((0u - unsigned(factor)) & 31)};
+}
+
+// dst = a op b under a scale mode; lanes are 16-bit values, two for a complex element.
+inline void scaledArithmetic(Where at, ShortOperation operation, const short* a, ShortOperand b, short* dst,
+                             std::ptrdiff_t lanes, Scaling scaling)
+{
+    const ShortArithKernels& kernel = kernels<ShortArithKernels>();
+    const auto& apply = kernel.rules[operation].apply;
+    if (scaling.mode != ARK_AUTO_SCALE) {
+        const FixedRule fixed = fixedRule(scaling);
+        return apply[fixed.rule](a, b, dst, lanes, fixed.count);
+    }
+    if (!scaling.factor)
+        return badArgument(at, "scalefactor==0");
+
+    // What is already stored is rescaled, not computed again: dst may be one of the operands.
+    const std::ptrdiff_t stored = kernel.applyWhileFitting[operation](a, b, dst, lanes);
+    int shift = 0;
+    if (stored < lanes) {
+        const short* restA = a + stored;
+        const ShortOperand restB{b.data + stored * b.step, b.step};
+        shift = int(std::bit_width(kernel.magnitudeBits[operation](restA, restB, lanes - stored))) - 15;
+        kernel.shiftRight(dst, stored, shift);
+        apply[rightRule](restA, restB, dst + stored, lanes - stored, shift);
+    }
+    *scaling.factor = shift;
+}
+
+// ---- rescaling of wide intermediates: sums, transforms, filters; shift counts are capped ----
+
+// An intermediate as a 64-bit integer: rounded to nearest, ties to even; 0 when not a number, clamped at 2^62.
+inline std::int64_t wide(int x) { return x; }
+inline std::int64_t wide(std::int64_t x) { return x; }
+inline std::int64_t wide(double x)
+{
+    constexpr double limit = 0x1p62;
+    constexpr double integral = 0x1p52; // from here on every double is an integer; adding it rounds to nearest even
+    if (!(x > -limit))
+        return x == x ? -std::int64_t(limit) : 0;
+    if (x >= limit)
+        return std::int64_t(limit);
+    if (x > -integral && x < integral)
+        x = x < 0 ? (x - integral) + integral : (x + integral) - integral;
+    return std::int64_t(x);
+}
+inline std::int64_t wide(float x) { return wide(double(x)); }
+
+inline short wrapped(std::int64_t x) { return short(std::uint16_t(x)); }
+inline short clamped(std::int64_t x) { return short(std::clamp<std::int64_t>(x, -32768, 32767)); }
+
+// x * 2^-factor: to the right by at most 63, to the left by at most 15 and after clamping, which changes no clamped
+// result and keeps the shift from overflowing.
+inline short shiftedWrapped(std::int64_t x, int factor)
+{
+    if (factor >= 0)
+        return wrapped(x >> std::min(factor, 63));
+    return wrapped(std::int64_t(std::uint64_t(x) << -std::max(factor, -15)));
+}
+inline short shiftedClamped(std::int64_t x, int factor)
+{
+    if (factor >= 0)
+        return clamped(x >> std::min(factor, 63));
+    return clamped(std::int64_t{clamped(x)} * (1 << -std::max(factor, -15)));
+}
+
+// dst = src under a scale mode. The caller has made sure that the automatic mode has a factor to write to.
+template <class Source>
+void rescale(const Source* src, short* dst, std::ptrdiff_t n, Scaling scaling)
+{
+    const auto each = [&](auto store) {
+        for (std::ptrdiff_t i = 0; i < n; i++)
+            dst[i] = store(wide(src[i]));
+    };
+    const int factor = scaling.factor ? *scaling.factor : 0;
+    switch (scaling.mode) {
+    case ARK_AUTO_SCALE: {
+        std::int64_t least = 0, most = 0;
+        for (std::ptrdiff_t i = 0; i < n; i++) {
+            least = std::min(least, wide(src[i]));
+            most = std::max(most, wide(src[i]));
+        }
+        int shift = 0;
+        if (least < -32768 || most > 32767) // the largest magnitude comes to lie in 16384 ... 32767
+            shift = int(std::bit_width(std::max(std::uint64_t(most), std::uint64_t{0} - std::uint64_t(least)))) - 15;
+        *scaling.factor = shift;
+        return each([=](std::int64_t x) { return wrapped(x >> shift); });
+    }
+    case ARK_FIXED_SCALE: return each([=](std::int64_t x) { return shiftedWrapped(x, factor); });
+    case ARK_FIXED_SCALE | ARK_SATURATE: return each([=](std::int64_t x) { return shiftedClamped(x, factor); });
+    case ARK_SATURATE: return each([](std::int64_t x) { return clamped(x); });
+    default: return each([](std::int64_t x) { return wrapped(x); });
+    }
+}
+
+} // namespace ark
