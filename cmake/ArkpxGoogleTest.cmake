@@ -1,0 +1,18 @@
+# arkpx_gtest: GoogleTest compiled from the sources that Debian's package googletest installs. A binary package would not
+# do: the tests also run as 32-bit Linux and as Windows programs.
+set(ARKPX_GOOGLETEST_SOURCES "/usr/src/googletest" CACHE PATH "GoogleTest's sources")
+if(NOT EXISTS "${ARKPX_GOOGLETEST_SOURCES}/googletest/src/gtest-all.cc")
+    message(FATAL_ERROR "no GoogleTest in ${ARKPX_GOOGLETEST_SOURCES}: install googletest, or set ARKPX_TESTS=OFF")
+endif()
+find_package(Threads REQUIRED)
+add_library(arkpx_gtest STATIC "${ARKPX_GOOGLETEST_SOURCES}/googletest/src/gtest-all.cc")
+target_include_directories(arkpx_gtest SYSTEM PUBLIC "${ARKPX_GOOGLETEST_SOURCES}/googletest/include")
+target_include_directories(arkpx_gtest PRIVATE "${ARKPX_GOOGLETEST_SOURCES}/googletest")
+target_compile_features(arkpx_gtest PUBLIC cxx_std_20)
+target_link_libraries(arkpx_gtest PUBLIC Threads::Threads)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    target_compile_options(arkpx_gtest PRIVATE -mstackrealign)
+endif()
+if(ARKPX_SANITIZE)
+    target_compile_options(arkpx_gtest PRIVATE -fsanitize=${ARKPX_SANITIZE})
+endif()
