@@ -248,6 +248,7 @@ std::size_t heapBlocks()
 TEST(Attach, ThreadsLeaveNoContextBehind)
 {
     const LoadedDll library;
+    ASSERT_TRUE(library.isThere());
     const auto runThreads = [&](int count) {
         for (int i = 0; i < count; i++)
             std::thread([&] { library.setStatus(library.status() - 1); }).join();
@@ -261,13 +262,17 @@ TEST(Attach, ThreadsLeaveNoContextBehind)
 
 [[noreturn]] void callFromOlderThread()
 {
+    std::atomic<bool> runs{false};
     std::atomic<LoadedDll*> loaded{nullptr};
     std::thread older{[&] {
+        runs = true;
         while (!loaded)
             Sleep(1);
         loaded.load()->status();
         std::_Exit(returned);
     }};
+    while (!runs)
+        Sleep(1);
     LoadedDll library;
     Person person{{IDOK, IDOK}, Person::Tells::yes};
     loaded = &library;
