@@ -75,6 +75,7 @@ std::vector<Time> measure(const Contenders& contenders)
     return times;
 }
 
+std::size_t stagger;         // where in its page the next array begins
 std::vector<double> spreads; // of all rows
 
 // The names of the family's contenders, the library first.
@@ -90,6 +91,7 @@ std::vector<std::string> columnsOf(const Family& family)
 
 void printRow(const Case& work, int n, const std::vector<std::string>& columns)
 {
+    stagger = 0;
     const Contenders contenders = work.prepare(n);
     const std::vector<Time> times = measure(contenders);
     std::map<std::string, Time> best;
@@ -229,7 +231,6 @@ std::shared_ptr<void> allocate(std::size_t bytes)
 {
     // Arrays of one case must not all lie at the same place in their pages: the processor takes a load for dependent on
     // a store when they agree in the lowest bits.
-    static std::size_t stagger = 0;
     stagger = (stagger + 320) % 4096;
     const std::size_t lead = stagger + options.offset;
     void* block = std::aligned_alloc(4096, (lead + bytes + 4095) / 4096 * 4096);

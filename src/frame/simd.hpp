@@ -65,29 +65,140 @@ ARK_INLINE void store(T* to, Vec<T> v)
     __builtin_memcpy(to, &v, sizeof v);
 }
 
-// The first n lanes, 0 < n < lanes<T>: nothing behind them is touched; the other lanes load as zero.
-template <class T>
-ARK_INLINE Vec<T> loadPart(const T* from, std::ptrdiff_t n)
+template <class Piece>
+ARK_INLINE Piece loadPiece(const unsigned char* from)
 {
+    Piece piece;
+    __builtin_memcpy(&piece, from, sizeof piece);
+    return piece;
+}
+template <class Piece>
+ARK_INLINE void storePiece(unsigned char* to, Piece piece)
+{
+    __builtin_memcpy(to, &piece, sizeof piece);
+}
+
+// The first n lanes, 0 < n < lanes<T>: nothing behind them is touched; the other lanes load as zero. Without masks the
+// register is put together, and taken apart, in pieces of falling powers of two.
+template <class T>
+ARK_INLINE Vec<T> loadPart(const T* elements, std::ptrdiff_t n)
+{
+    const std::size_t bytes = std::size_t(n) * sizeof(T);
 #if ARK_AVX512
-    const __mmask64 bytes = ~0ull >> (64 - std::size_t(n) * sizeof(T));
-    return (Vec<T>)_mm512_maskz_loadu_epi8(bytes, from);
+    return (Vec<T>)_mm512_maskz_loadu_epi8(~0ull >> (64 - bytes), elements);
 #else
-    Vec<T> v{};
-    __builtin_memcpy(&v, from, std::size_t(n) * sizeof(T));
-    return v;
+    const auto* from = reinterpret_cast<const unsigned char*>(elements + n);
+    unsigned few = 0;
+    if (sizeof(T) <= 1 && (bytes & 1))
+        few = *(from -= 1);
+    if (sizeof(T) <= 2 && (bytes & 2))
+        few = few << 16 | loadPiece<unsigned short>(from -= 2);
+    __m128i v = _mm_cvtsi32_si128(int(few));
+    if (sizeof(T) <= 4 && (bytes & 4))
+        v = _mm_unpacklo_epi32(_mm_cvtsi32_si128(loadPiece<int>(from -= 4)), v);
+    if (bytes & 8)
+        v = _mm_unpacklo_epi64(_mm_loadl_epi64(reinterpret_cast<const __m128i_u*>(from -= 8)), v);
+#if ARK_AVX2
+    return (Vec<T>)(bytes & 16 ? _mm256_set_m128i(v, loadPiece<__m128i>(from - 16)) : _mm256_zextsi128_si256(v));
+#else
+    return (Vec<T>)v;
+#endif
 #endif
 }
 
 template <class T>
-ARK_INLINE void storePart(T* to, Vec<T> v, std::ptrdiff_t n)
+ARK_INLINE void storePart(T* elements, Vec<T> all, std::ptrdiff_t n)
 {
+    const std::size_t bytes = std::size_t(n) * sizeof(T);
 #if ARK_AVX512
-    const __mmask64 bytes = ~0ull >> (64 - std::size_t(n) * sizeof(T));
-    _mm512_mask_storeu_epi8(to, bytes, (Bits)v);
+    _mm512_mask_storeu_epi8(elements, ~0ull >> (64 - bytes), (Bits)all);
 #else
-    __builtin_memcpy(to, &v, std::size_t(n) * sizeof(T));
+    auto* to = reinterpret_cast<unsigned char*>(elements);
+#if ARK_AVX2
+    __m128i v = _mm256_castsi256_si128((Bits)all);
+    if (bytes & 16) {
+        storePiece(to, v);
+        to += 16;
+        v = _mm256_extracti128_si256((Bits)all, 1);
+    }
+#else
+    __m128i v = (Bits)all;
 #endif
+    if (bytes & 8) {
+        _mm_storel_epi64(reinterpret_cast<__m128i_u*>(to), v);
+        to += 8;
+        v = _mm_unpackhi_epi64(v, v);
+    }
+    if (sizeof(T) <= 4 && (bytes & 4)) {
+        storePiece(to, _mm_cvtsi128_si32(v));
+        to += 4;
+        v = _mm_srli_epi64(v, 32);
+    }
+    unsigned few = unsigned(_mm_cvtsi128_si32(v));
+    if (sizeof(T) <= 2 && (bytes & 2)) {
+        storePiece(to, static_cast<unsigned short>(few));
+        to += 2;
+        few >>= 16;
+    }
+    if (sizeof(T) <= 1 && (bytes & 1))
+        *to = static_cast<unsigned char>(few);
+#endif
+}
+
+// ---- walking over vectors ----
+
+// How far a loop's body reaches at one place: over whole registers, or over count elements. The body is written once,
+// as body(i, reach), and hands reach to load and store.
+struct Whole {};
+struct Part {
+    std::ptrdiff_t count;
+};
+
+template <class T>
+ARK_INLINE Vec<T> load(const T* from, Whole)
+{
+    return load(from);
+}
+template <class T>
+ARK_INLINE Vec<T> load(const T* from, Part part)
+{
+    return loadPart(from, part.count);
+}
+template <class T>
+ARK_INLINE void store(T* to, Vec<T> v, Whole)
+{
+    store(to, v);
+}
+template <class T>
+ARK_INLINE void store(T* to, Vec<T> v, Part part)
+{
+    storePart(to, v, part.count);
+}
+
+// Walks n elements from the last to the first, step at a time, so that a destination that lies above its source never
+// overwrites what is still to be read. Long walks begin with a part after which the stores to dst are aligned: those
+// that cross cache lines cost twice as much. Every step begins at a multiple of unit, as n must be one. Unrolling pays
+// for short bodies.
+template <std::ptrdiff_t step, std::size_t unit, bool unrolled, class T, class Body>
+ARK_INLINE void downwards(const T* dst, std::ptrdiff_t n, Body body)
+{
+    if (n >= 16 * step) {
+        const std::size_t beyond = reinterpret_cast<std::size_t>(dst + n) % sizeof(Bits) / (unit * sizeof(T)) * unit;
+        if (beyond) {
+            n -= std::ptrdiff_t(beyond);
+            body(n, Part{std::ptrdiff_t(beyond)});
+        }
+    }
+    for (; unrolled && n >= 4 * step; n -= 4 * step) {
+        body(n - step, Whole{});
+        body(n - 2 * step, Whole{});
+        body(n - 3 * step, Whole{});
+        body(n - 4 * step, Whole{});
+    }
+    for (; n >= step; n -= step)
+        body(n - step, Whole{});
+    if (n > 0)
+        body(0, Part{n});
 }
 
 // ---- constants and permutations ----
@@ -123,6 +234,9 @@ ARK_INLINE V permuteIn(V v, std::index_sequence<i...>)
 template <int (*source)(int lane, int lanes), class V>
 ARK_INLINE V permute(V v)
 {
+    // With SSE2 only the permutation of integers spares a copy.
+    if constexpr (sizeof(V) == 16 && sizeof(v[0]) == 4)
+        return (V)permuteIn<source>((Vec<int>)v, std::make_index_sequence<lanesOf<V>>{});
     return permuteIn<source>(v, std::make_index_sequence<lanesOf<V>>{});
 }
 
@@ -147,7 +261,7 @@ struct BitsOf<double> {
     static constexpr Type sign = 0x8000000000000000ull;
 };
 
-// Changes the sign of every second lane: of the imaginary parts, or of the real parts.
+// Changes the sign of the imaginary parts, or of the real parts.
 template <class T>
 ARK_INLINE Vec<T> negateImaginary(Vec<T> v)
 {
@@ -161,11 +275,33 @@ ARK_INLINE Vec<T> negateReal(Vec<T> v)
     return (Vec<T>)((Vec<typename B::Type>)v ^ alternating<typename B::Type>(B::sign, 0));
 }
 
+// a - b in the even lanes, a + b in the odd ones.
+ARK_INLINE Vec<float> subtractAdd(Vec<float> a, Vec<float> b)
+{
+#if ARK_AVX512
+    return (Vec<float>)_mm512_fmaddsub_ps(a, broadcast(1.0f), b);
+#elif ARK_AVX2
+    return (Vec<float>)_mm256_addsub_ps(a, b);
+#else
+    return a + negateReal<float>(b);
+#endif
+}
+ARK_INLINE Vec<double> subtractAdd(Vec<double> a, Vec<double> b)
+{
+#if ARK_AVX512
+    return (Vec<double>)_mm512_fmaddsub_pd(a, broadcast(1.0), b);
+#elif ARK_AVX2
+    return (Vec<double>)_mm256_addsub_pd(a, b);
+#else
+    return a + negateReal<double>(b);
+#endif
+}
+
 // a * b for complex pairs: every product and sum rounded once.
 template <class T>
 ARK_INLINE Vec<T> multiplyComplex(Vec<T> a, Vec<T> b)
 {
-    return permute<realPart>(a) * b + negateReal<T>(permute<imaginaryPart>(a) * permute<otherPart>(b));
+    return subtractAdd(permute<realPart>(a) * b, permute<imaginaryPart>(a) * permute<otherPart>(b));
 }
 
 // The second operand where either is not a number.
@@ -228,6 +364,24 @@ template <int direction>
 ARK_INLINE Vec<double> roundTo(Vec<double> x)
 {
     return roundByAdding<double, direction>(x);
+}
+#endif
+
+// x with 0 in the lanes that are not numbers.
+#if ARK_AVX512
+ARK_INLINE Vec<float> zeroUnlessNumber(Vec<float> x)
+{
+    return (Vec<float>)_mm512_maskz_mov_ps(_mm512_cmp_ps_mask(x, x, _CMP_ORD_Q), x);
+}
+ARK_INLINE Vec<double> zeroUnlessNumber(Vec<double> x)
+{
+    return (Vec<double>)_mm512_maskz_mov_pd(_mm512_cmp_pd_mask(x, x, _CMP_ORD_Q), x);
+}
+#else
+template <class V>
+ARK_INLINE V zeroUnlessNumber(V x)
+{
+    return (V)((Bits)(x == x) & (Bits)x);
 }
 #endif
 
@@ -311,67 +465,111 @@ ARK_INLINE Vec<short> subSaturated(Vec<short> a, Vec<short> b)
 template <class Int>
 inline constexpr bool isSigned = Int(-1) < Int(0);
 
+// As many Ints as there are 32-bit lanes lie in the lowest bytes of a register: in all, a half, a quarter of it.
 template <class Int>
-ARK_INLINE Vec<int> loadAsInts(const Int* from)
+inline constexpr int lowestBytes = lanes<int>* int(sizeof(Int));
+
+template <class Int>
+ARK_INLINE Bits loadLowest(const Int* from)
 {
-    if constexpr (sizeof(Int) == 4) {
-        Vec<int> v;
-        __builtin_memcpy(&v, from, sizeof v);
-        return v;
-    } else {
+    const auto* bytes = reinterpret_cast<const unsigned char*>(from);
+    if constexpr (sizeof(Int) == 4)
+        return loadPiece<Bits>(bytes);
+#if ARK_AVX512
+    else if constexpr (sizeof(Int) == 2)
+        return _mm512_castsi256_si512(loadPiece<__m256i>(bytes));
+    else
+        return _mm512_castsi128_si512(loadPiece<__m128i>(bytes));
+#elif ARK_AVX2
+    else if constexpr (sizeof(Int) == 2)
+        return _mm256_castsi128_si256(loadPiece<__m128i>(bytes));
+    else
+        return _mm256_castsi128_si256(_mm_loadl_epi64(reinterpret_cast<const __m128i_u*>(bytes)));
+#else
+    else if constexpr (sizeof(Int) == 2)
+        return _mm_loadl_epi64(reinterpret_cast<const __m128i_u*>(bytes));
+    else
+        return _mm_cvtsi32_si128(loadPiece<int>(bytes));
+#endif
+}
+template <class Int>
+ARK_INLINE void storeLowest(Int* to, Bits v)
+{
+    __builtin_memcpy(to, &v, lowestBytes<Int>);
+}
+
+template <class Int>
+ARK_INLINE Vec<int> widenLowest(Bits v)
+{
+    if constexpr (sizeof(Int) == 4)
+        return (Vec<int>)v;
 #if ARK_AVX512 || ARK_AVX2
 #if ARK_AVX512
-        const auto halves = [&] { return _mm256_loadu_si256(reinterpret_cast<const __m256i_u*>(from)); };
-        const auto quarters = [&] { return _mm_loadu_si128(reinterpret_cast<const __m128i_u*>(from)); };
+    const __m256i half = _mm512_castsi512_si256(v);
+    const __m128i quarter = _mm512_castsi512_si128(v);
 #else
-        const auto halves = [&] { return _mm_loadu_si128(reinterpret_cast<const __m128i_u*>(from)); };
-        const auto quarters = [&] { return _mm_loadl_epi64(reinterpret_cast<const __m128i_u*>(from)); };
+    const __m128i half = _mm256_castsi256_si128(v), quarter = half;
 #endif
-        if constexpr (sizeof(Int) == 2)
-            return isSigned<Int> ? (Vec<int>)ARK_MM(cvtepi16_epi32)(halves())
-                                 : (Vec<int>)ARK_MM(cvtepu16_epi32)(halves());
-        else
-            return isSigned<Int> ? (Vec<int>)ARK_MM(cvtepi8_epi32)(quarters())
-                                 : (Vec<int>)ARK_MM(cvtepu8_epi32)(quarters());
+    if constexpr (sizeof(Int) == 2)
+        return (Vec<int>)(isSigned<Int> ? ARK_MM(cvtepi16_epi32)(half) : ARK_MM(cvtepu16_epi32)(half));
+    return (Vec<int>)(isSigned<Int> ? ARK_MM(cvtepi8_epi32)(quarter) : ARK_MM(cvtepu8_epi32)(quarter));
 #else
-        constexpr int unused = 32 - 8 * int(sizeof(Int)); // bits of a lane
-        __m128i v = _mm_setzero_si128();
-        __builtin_memcpy(&v, from, 4 * sizeof(Int));
-        if constexpr (sizeof(Int) == 1)
-            v = _mm_unpacklo_epi8(v, v);
-        v = _mm_unpacklo_epi16(v, v);
-        return isSigned<Int> ? (Vec<int>)_mm_srai_epi32(v, unused) : (Vec<int>)_mm_srli_epi32(v, unused);
+    if constexpr (sizeof(Int) == 1)
+        v = _mm_unpacklo_epi8(v, v);
+    v = _mm_unpacklo_epi16(v, v);
+    constexpr int unused = 32 - 8 * int(sizeof(Int)); // bits of a lane
+    return (Vec<int>)(isSigned<Int> ? _mm_srai_epi32(v, unused) : _mm_srli_epi32(v, unused));
 #endif
-    }
 }
 
 // Every lane must be representable in Int.
 template <class Int>
-ARK_INLINE void storeInts(Int* to, Vec<int> v)
+ARK_INLINE Bits narrowToLowest(Vec<int> v)
 {
-    if constexpr (sizeof(Int) == 4) {
-        __builtin_memcpy(to, &v, sizeof v);
-    } else {
+    if constexpr (sizeof(Int) == 4)
+        return (Bits)v;
 #if ARK_AVX512
-        if constexpr (sizeof(Int) == 2)
-            _mm256_storeu_si256(reinterpret_cast<__m256i_u*>(to), _mm512_cvtepi32_epi16((Bits)v));
-        else
-            _mm_storeu_si128(reinterpret_cast<__m128i_u*>(to), _mm512_cvtepi32_epi8((Bits)v));
+    if constexpr (sizeof(Int) == 2)
+        return _mm512_castsi256_si512(_mm512_cvtepi32_epi16((Bits)v));
+    return _mm512_castsi128_si512(_mm512_cvtepi32_epi8((Bits)v));
 #else
-        if constexpr (sizeof(Int) == 2 && !isSigned<Int>)
-            v = shiftLeft(v, 16) >> 16; // the packing below saturates as signed
-        Bits packed = ARK_MM(packs_epi32)((Bits)v, (Bits)v);
-        if constexpr (sizeof(Int) == 1)
-            packed = isSigned<Int> ? ARK_MM(packs_epi16)(packed, packed) : ARK_MM(packus_epi16)(packed, packed);
+    if constexpr (sizeof(Int) == 2 && !isSigned<Int>)
+        v = shiftLeft(v, 16) >> 16; // the packing below saturates as signed
 #if ARK_AVX2
-        const __m128i low = _mm256_castsi256_si128(packed), high = _mm256_extracti128_si256(packed, 1);
-        const __m128i joined = sizeof(Int) == 2 ? _mm_unpacklo_epi64(low, high) : _mm_unpacklo_epi32(low, high);
-        __builtin_memcpy(to, &joined, 8 * sizeof(Int));
+    const __m128i low = _mm256_castsi256_si128((Bits)v), high = _mm256_extracti128_si256((Bits)v, 1);
 #else
-        __builtin_memcpy(to, &packed, 4 * sizeof(Int));
+    const __m128i low = (Bits)v, high = low;
+#endif
+    __m128i packed = _mm_packs_epi32(low, high);
+    if constexpr (sizeof(Int) == 1)
+        packed = isSigned<Int> ? _mm_packs_epi16(packed, packed) : _mm_packus_epi16(packed, packed);
+#if ARK_AVX2
+    return _mm256_castsi128_si256(packed);
+#else
+    return packed;
 #endif
 #endif
-    }
+}
+
+template <class Int>
+ARK_INLINE Vec<int> loadInts(const Int* from, Whole)
+{
+    return widenLowest<Int>(loadLowest(from));
+}
+template <class Int>
+ARK_INLINE Vec<int> loadInts(const Int* from, Part part)
+{
+    return widenLowest<Int>((Bits)loadPart(from, part.count));
+}
+template <class Int>
+ARK_INLINE void storeInts(Int* to, Vec<int> v, Whole)
+{
+    storeLowest(to, narrowToLowest<Int>(v));
+}
+template <class Int>
+ARK_INLINE void storeInts(Int* to, Vec<int> v, Part part)
+{
+    storePart(to, (Vec<Int>)narrowToLowest<Int>(v), part.count);
 }
 
 // As many floating-point lanes as a register has 32-bit lanes: one register of floats or two of doubles.
@@ -382,35 +580,114 @@ struct Lanes32 {
 };
 
 template <class T>
-ARK_INLINE Lanes32<T> loadLanes32(const T* from)
+ARK_INLINE Lanes32<T> loadLanes32(const T* from, Whole)
 {
     Lanes32<T> x;
-    __builtin_memcpy(&x, from, sizeof x);
+    for (int k = 0; k < x.registers; k++)
+        x.part[k] = load(from + k * lanes<T>);
+    return x;
+}
+template <class T>
+ARK_INLINE Lanes32<T> loadLanes32(const T* from, Part part)
+{
+    Lanes32<T> x{};
+    for (int k = 0; k < x.registers; k++, from += lanes<T>, part.count -= lanes<T>)
+        if (part.count >= lanes<T>)
+            x.part[k] = load(from);
+        else if (part.count > 0)
+            x.part[k] = load(from, part);
     return x;
 }
 
 template <class T>
-ARK_INLINE void storeLanes32(T* to, Lanes32<T> x)
+ARK_INLINE void storeLanes32(T* to, Lanes32<T> x, Whole)
 {
-    __builtin_memcpy(to, &x, sizeof x);
+    for (int k = 0; k < x.registers; k++)
+        store(to + k * lanes<T>, x.part[k]);
 }
-
-// Toward zero; every lane within the range of int.
-ARK_INLINE Vec<int> truncateToInts(Lanes32<float> x) { return (Vec<int>)ARK_MM(cvttps_epi32)(x.part[0]); }
-ARK_INLINE Vec<int> truncateToInts(Lanes32<double> x)
+template <class T>
+ARK_INLINE void storeLanes32(T* to, Lanes32<T> x, Part part)
 {
-#if ARK_AVX512
-    return (Vec<int>)_mm512_inserti64x4(_mm512_castsi256_si512(_mm512_cvttpd_epi32(x.part[0])),
-                                        _mm512_cvttpd_epi32(x.part[1]), 1);
-#elif ARK_AVX2
-    return (Vec<int>)_mm256_set_m128i(_mm256_cvttpd_epi32(x.part[1]), _mm256_cvttpd_epi32(x.part[0]));
-#else
-    return (Vec<int>)_mm_unpacklo_epi64(_mm_cvttpd_epi32(x.part[0]), _mm_cvttpd_epi32(x.part[1]));
-#endif
+    for (int k = 0; k < x.registers; k++, to += lanes<T>, part.count -= lanes<T>)
+        if (part.count >= lanes<T>)
+            store(to, x.part[k]);
+        else if (part.count > 0)
+            store(to, x.part[k], part);
 }
 
 template <class T>
 Lanes32<T> fromInts(Vec<int> v);
+
+// Rounds to integers; every lane within the range of int, or 2^31 after rounding, which gives the bits of the unsigned
+// number. direction is the processor's code: 0 to nearest even (the mode that every thread starts in, where the
+// instruction has none of its own), 1 down, 2 up, 3 toward zero.
+#if ARK_AVX512
+template <int direction>
+ARK_INLINE Vec<int> roundToInts(Lanes32<float> x)
+{
+    return (Vec<int>)_mm512_cvt_roundps_epi32(x.part[0], direction | _MM_FROUND_NO_EXC);
+}
+template <int direction>
+ARK_INLINE Vec<int> roundToInts(Lanes32<double> x)
+{
+    return (Vec<int>)_mm512_inserti64x4(
+        _mm512_castsi256_si512(_mm512_cvt_roundpd_epi32(x.part[0], direction | _MM_FROUND_NO_EXC)),
+        _mm512_cvt_roundpd_epi32(x.part[1], direction | _MM_FROUND_NO_EXC), 1);
+}
+#elif ARK_AVX2
+template <int direction>
+ARK_INLINE Vec<int> roundToInts(Lanes32<float> x)
+{
+    if constexpr (direction == 0)
+        return (Vec<int>)_mm256_cvtps_epi32(x.part[0]);
+    if constexpr (direction == 3)
+        return (Vec<int>)_mm256_cvttps_epi32(x.part[0]);
+    return (Vec<int>)_mm256_cvttps_epi32(roundTo<direction>(x.part[0]));
+}
+template <int direction>
+ARK_INLINE __m128i roundToHalf(Vec<double> x)
+{
+    if constexpr (direction == 0)
+        return _mm256_cvtpd_epi32(x);
+    if constexpr (direction == 3)
+        return _mm256_cvttpd_epi32(x);
+    return _mm256_cvttpd_epi32(roundTo<direction>(x));
+}
+template <int direction>
+ARK_INLINE Vec<int> roundToInts(Lanes32<double> x)
+{
+    return (Vec<int>)_mm256_set_m128i(roundToHalf<direction>(x.part[1]), roundToHalf<direction>(x.part[0]));
+}
+#else
+ARK_INLINE Vec<int> nearestInts(Lanes32<float> x) { return (Vec<int>)_mm_cvtps_epi32(x.part[0]); }
+ARK_INLINE Vec<int> nearestInts(Lanes32<double> x)
+{
+    return (Vec<int>)_mm_unpacklo_epi64(_mm_cvtpd_epi32(x.part[0]), _mm_cvtpd_epi32(x.part[1]));
+}
+ARK_INLINE Vec<int> truncatedInts(Lanes32<float> x) { return (Vec<int>)_mm_cvttps_epi32(x.part[0]); }
+ARK_INLINE Vec<int> truncatedInts(Lanes32<double> x)
+{
+    return (Vec<int>)_mm_unpacklo_epi64(_mm_cvttpd_epi32(x.part[0]), _mm_cvttpd_epi32(x.part[1]));
+}
+// -1 in the lanes where a is greater than b.
+ARK_INLINE Vec<int> greater(Lanes32<float> a, Lanes32<float> b) { return (Vec<int>)(a.part[0] > b.part[0]); }
+ARK_INLINE Vec<int> greater(Lanes32<double> a, Lanes32<double> b)
+{
+    return (Vec<int>)_mm_shuffle_ps((__m128)(a.part[0] > b.part[0]), (__m128)(a.part[1] > b.part[1]), 0x88);
+}
+template <int direction, class T>
+ARK_INLINE Vec<int> roundToInts(Lanes32<T> x)
+{
+    if constexpr (direction == 0)
+        return nearestInts(x);
+    const Vec<int> truncated = truncatedInts(x);
+    if constexpr (direction == 1)
+        return addWrapping(truncated, greater(fromInts<T>(truncated), x));
+    if constexpr (direction == 2)
+        return subWrapping(truncated, greater(x, fromInts<T>(truncated)));
+    return truncated;
+}
+#endif
 
 template <>
 ARK_INLINE Lanes32<float> fromInts<float>(Vec<int> v)

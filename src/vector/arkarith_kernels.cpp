@@ -5,25 +5,6 @@
 namespace ark::ARK_SET {
 namespace {
 
-// Walks n lanes from the last to the first, whole registers at a time, so that a destination that lies above its source
-// never overwrites what is still to be read. body(i) does the register whose first lane is i, bodyPart(count) the count
-// lanes that are left at the beginning.
-template <class T, class Body, class BodyPart>
-ARK_INLINE void downwards(std::ptrdiff_t n, Body body, BodyPart bodyPart)
-{
-    constexpr std::ptrdiff_t width = lanes<T>;
-    for (; n >= 4 * width; n -= 4 * width) {
-        body(n - width);
-        body(n - 2 * width);
-        body(n - 3 * width);
-        body(n - 4 * width);
-    }
-    for (; n >= width; n -= width)
-        body(n - width);
-    if (n > 0)
-        bodyPart(n);
-}
-
 template <class T>
 struct Add {
     static ARK_INLINE Vec<Real<T>> apply(Vec<Real<T>> a, Vec<Real<T>> b) { return a + b; }
@@ -65,9 +46,9 @@ void ofVectors(const T* srcA, const T* srcB, T* dst, std::ptrdiff_t n)
 {
     const Real<T>*a = partsOf(srcA), *b = partsOf(srcB);
     Real<T>* d = partsOf(dst);
-    downwards<Real<T>>(
-        n * parts<T>, [=](std::ptrdiff_t i) { store(d + i, Operation::apply(load(a + i), load(b + i))); },
-        [=](std::ptrdiff_t count) { storePart(d, Operation::apply(loadPart(a, count), loadPart(b, count)), count); });
+    downwards<lanes<Real<T>>, parts<T>, true>(d, n * parts<T>, [=](std::ptrdiff_t i, auto reach) {
+        store(d + i, Operation::apply(load(a + i, reach), load(b + i, reach)), reach);
+    });
 }
 
 template <class Operation, class T>
@@ -76,9 +57,9 @@ void withValue(T value, T* srcDst, std::ptrdiff_t n)
     const Real<T>* valueParts = partsOf(&value);
     const Vec<Real<T>> b = alternating(valueParts[0], valueParts[parts<T> - 1]);
     Real<T>* d = partsOf(srcDst);
-    downwards<Real<T>>(
-        n * parts<T>, [=](std::ptrdiff_t i) { store(d + i, Operation::apply(load(d + i), b)); },
-        [=](std::ptrdiff_t count) { storePart(d, Operation::apply(loadPart(d, count), b), count); });
+    downwards<lanes<Real<T>>, parts<T>, true>(d, n * parts<T>, [=](std::ptrdiff_t i, auto reach) {
+        store(d + i, Operation::apply(load(d + i, reach), b), reach);
+    });
 }
 
 template <class T>
@@ -86,9 +67,8 @@ void conj(const T* src, T* dst, std::ptrdiff_t n)
 {
     const Real<T>* a = partsOf(src);
     Real<T>* d = partsOf(dst);
-    downwards<Real<T>>(
-        2 * n, [=](std::ptrdiff_t i) { store(d + i, Conj<T>::apply(load(a + i))); },
-        [=](std::ptrdiff_t count) { storePart(d, Conj<T>::apply(loadPart(a, count)), count); });
+    downwards<lanes<Real<T>>, parts<T>, true>(
+        d, 2 * n, [=](std::ptrdiff_t i, auto reach) { store(d + i, Conj<T>::apply(load(a + i, reach)), reach); });
 }
 
 // One register of elements, in reversed order and conjugated.

@@ -99,22 +99,19 @@ struct LeftSaturate {
     }
 };
 
-ARK_INLINE Vec<short> operand(ShortOperand b, std::ptrdiff_t i) { return load(b.data + i * b.step); }
-ARK_INLINE Vec<short> operandPart(ShortOperand b, std::ptrdiff_t i, std::ptrdiff_t count)
+template <class Reach>
+ARK_INLINE Vec<short> load(ShortOperand b, std::ptrdiff_t i, Reach reach)
 {
-    return loadPart(b.data + i * b.step, count);
+    return load(b.data + i * b.step, reach);
 }
 
+// Places are even: lanes may be those of complex elements.
 template <class Operation, class Rule>
 void apply(const short* a, ShortOperand b, short* dst, std::ptrdiff_t n, int count)
 {
-    constexpr int width = lanes<short>;
-    std::ptrdiff_t i = 0;
-    for (; i + width <= n; i += width)
-        store(dst + i, Rule::template result<Operation>(load(a + i), operand(b, i), count));
-    if (const std::ptrdiff_t rest = n - i; rest > 0)
-        storePart(dst + i, Rule::template result<Operation>(loadPart(a + i, rest), operandPart(b, i, rest), count),
-                  rest);
+    downwards<lanes<short>, 2, false>(dst, n, [=](std::ptrdiff_t i, auto reach) {
+        store(dst + i, Rule::template result<Operation>(load(a + i, reach), load(b, i, reach), count), reach);
+    });
 }
 
 ARK_INLINE Vec<int> bitsBeyondSign(Vec<int> r) { return r ^ (r >> 31); }
@@ -129,13 +126,13 @@ std::ptrdiff_t applyWhileFitting(const short* a, ShortOperand b, short* dst, std
     constexpr int width = lanes<short>;
     std::ptrdiff_t i = 0;
     for (; i + width <= n; i += width) {
-        const Wide r = Operation::exact(load(a + i), operand(b, i));
+        const Wide r = Operation::exact(load(a + i), load(b, i, Whole{}));
         if (!fits(r))
             return i;
         store(dst + i, packSaturated(r));
     }
     if (const std::ptrdiff_t rest = n - i; rest > 0) {
-        const Wide r = Operation::exact(loadPart(a + i, rest), operandPart(b, i, rest));
+        const Wide r = Operation::exact(loadPart(a + i, rest), load(b, i, Part{rest}));
         if (!fits(r))
             return i;
         storePart(dst + i, packSaturated(r), rest);
@@ -150,9 +147,9 @@ unsigned magnitudeBits(const short* a, ShortOperand b, std::ptrdiff_t n)
     Vec<int> bits{};
     std::ptrdiff_t i = 0;
     for (; i + width <= n; i += width)
-        bits |= bitsBeyondSign(Operation::exact(load(a + i), operand(b, i)));
+        bits |= bitsBeyondSign(Operation::exact(load(a + i), load(b, i, Whole{})));
     if (const std::ptrdiff_t rest = n - i; rest > 0)
-        bits |= bitsBeyondSign(Operation::exact(loadPart(a + i, rest), operandPart(b, i, rest)));
+        bits |= bitsBeyondSign(Operation::exact(loadPart(a + i, rest), load(b, i, Part{rest})));
     unsigned all = 0;
     for (int lane = 0; lane < lanes<int>; lane++)
         all |= unsigned(bits[lane]);
@@ -161,12 +158,9 @@ unsigned magnitudeBits(const short* a, ShortOperand b, std::ptrdiff_t n)
 
 void shiftVectorRight(short* srcDst, std::ptrdiff_t n, int count)
 {
-    constexpr int width = lanes<short>;
-    std::ptrdiff_t i = 0;
-    for (; i + width <= n; i += width)
-        store(srcDst + i, shiftRight(load(srcDst + i), count));
-    if (const std::ptrdiff_t rest = n - i; rest > 0)
-        storePart(srcDst + i, shiftRight(loadPart(srcDst + i, rest), count), rest);
+    downwards<lanes<short>, 2, false>(srcDst, n, [=](std::ptrdiff_t i, auto reach) {
+        store(srcDst + i, shiftRight(load(srcDst + i, reach), count), reach);
+    });
 }
 
 // In the order of ShortRule.

@@ -7,110 +7,125 @@ namespace {
 
 constexpr int step = lanes<int>; // elements at a time
 
-// The bounds of Int as floating-point numbers that convert back without overflow. Floats end below 2^31 and 2^32.
-template <class Real, class Int>
-struct Range {
+// Rounding brings exactly the numbers from least to most into the range of Int. direction is that of roundToInts.
+template <class Real, class Int, int direction>
+struct Bounds {
     static constexpr int bits = 8 * int(sizeof(Int)) - isSigned<Int>;
-    static constexpr Real least = isSigned<Int> ? -Real(1ull << bits) : Real(0);
-    static constexpr Real behind = Real(1ull << bits);
-    static constexpr bool exact = bits <= 24 || sizeof(Real) == 8;
-    static constexpr Real most = exact ? behind - 1 : behind - Real(1ull << (bits - 24));
+    static constexpr Real above = Real(1ull << bits);              // the first integer above the range
+    static constexpr Real below = isSigned<Int> ? above : Real(0); // minus the first integer of the range
+
+    // The next number that way.
+    static constexpr Real towardZero(Real x)
+    {
+        using B = typename BitsOf<Real>::Type;
+        return __builtin_bit_cast(Real, __builtin_bit_cast(B, x) - 1);
+    }
+    // Floats have no numbers between the last integers of 31 and 32 bits.
+    static constexpr bool exact = above - Real(0.5) < above;
+
+    static constexpr Real most = direction == 0 && exact   ? towardZero(above - Real(0.5))
+                                 : direction == 2 && exact ? above - 1
+                                                           : towardZero(above);
+    static constexpr Real least = direction == 0      ? -(below + Real(0.5))
+                                  : direction == 1    ? -below
+                                  : below + 1 > below ? -towardZero(below + 1)
+                                                      : -below;
 };
 
-template <class Int, class Real>
+template <class Int, int direction, class Real>
 ARK_INLINE Vec<int> toLanes(Lanes32<Real> x)
 {
     if constexpr (sizeof(Int) == 4 && !isSigned<Int>) {
         // The upper half of the range is brought down by 2^31, exactly, and the bit put back.
         using B = Vec<typename BitsOf<Real>::Type>;
-        Lanes32<Real> upper;
-        for (int k = 0; k < Lanes32<Real>::registers; k++) {
+        Lanes32<Real> upper; // 0 or 2^31, which converts to the upper bit
+        for (int k = 0; k < upper.registers; k++) {
             const Vec<Real> half = broadcast(Real(0x1p31));
             upper.part[k] = (Vec<Real>)((B)(x.part[k] >= half) & (B)half);
             x.part[k] -= upper.part[k];
         }
-        Lanes32<Real> flags; // 0 or 1
-        for (int k = 0; k < Lanes32<Real>::registers; k++)
-            flags.part[k] = upper.part[k] * broadcast(Real(0x1p-31));
-        return truncateToInts(x) | shiftLeft(truncateToInts(flags), 31);
+        return roundToInts<direction>(x) ^ roundToInts<3>(upper);
     } else {
-        return truncateToInts(x);
+        return roundToInts<direction>(x);
     }
 }
 
 template <class Real>
-struct Rounded {
-    Lanes32<Real> value, clamped; // equal where the value is representable
-    bool anyOutside;
+using RealBits = Vec<typename BitsOf<Real>::Type>;
+
+template <class Real>
+struct Clamped {
+    Lanes32<Real> value;    // 0 for what is not a number
+    RealBits<Real> outside; // some bit for an element that was out of range
 };
 
 template <class Int, int direction, class Real>
-ARK_INLINE Rounded<Real> roundAndClamp(Lanes32<Real> x)
+ARK_INLINE Clamped<Real> clamp(Lanes32<Real> x)
 {
-    using B = Vec<typename BitsOf<Real>::Type>;
-    Rounded<Real> r;
-    B outside{};
-    for (int k = 0; k < Lanes32<Real>::registers; k++) {
-        const Vec<Real> value = roundTo<direction>(x.part[k]);
-        Vec<Real> clamped =
-            smaller(larger(value, broadcast(Range<Real, Int>::least)), broadcast(Range<Real, Int>::most));
-        outside |= (B)(value != clamped);
-        clamped = (Vec<Real>)((B)clamped & (B)(value == value)); // not a number becomes 0
-        r.value.part[k] = value;
-        r.clamped.part[k] = clamped;
+    using B = RealBits<Real>;
+    using To = Bounds<Real, Int, direction>;
+    Clamped<Real> r{};
+    for (int k = 0; k < x.registers; k++) {
+        // In this order of the operands either zero, and what is not a number, come out as they are.
+        const Vec<Real> bounded = smaller(broadcast(To::most), larger(broadcast(To::least), x.part[k]));
+        r.value.part[k] = zeroUnlessNumber(bounded);
+        r.outside |= (B)x.part[k] ^ (B)r.value.part[k];
     }
-    r.anyOutside = anySet(outside);
     return r;
 }
 
-// Where the largest floating-point number in range is below the integer bound, the bound is put in by hand.
-template <class Int, class Real>
-ARK_INLINE Vec<int> saturatedLanes(const Rounded<Real>& r)
+template <class Int, int direction, class Real>
+ARK_INLINE Vec<int> saturated(Lanes32<Real> x, Lanes32<Real> clamped)
 {
-    Vec<int> v = toLanes<Int>(r.clamped);
-    if constexpr (!Range<Real, Int>::exact) {
-        const Vec<int> above = (Vec<int>)(r.value.part[0] >= broadcast(Range<Real, Int>::behind));
+    using To = Bounds<Real, Int, direction>;
+    Vec<int> v = toLanes<Int, direction>(clamped);
+    // Where the largest number in range is below the integer bound, the bound is put in by hand.
+    if constexpr (!To::exact) {
+        const Vec<int> above = (Vec<int>)(x.part[0] >= broadcast(To::above));
         v = (v & ~above) | (above & broadcast(isSigned<Int> ? 0x7FFFFFFF : -1));
     }
     return v;
 }
 
-// Up to step elements, those that are out of range left alone unless saturating.
-template <class Int, class Real>
-[[gnu::noinline]] void storeSelected(Int* dst, const Rounded<Real>& r, int count, bool saturate)
+// v where x is in range, old elsewhere.
+template <class Real>
+ARK_INLINE Vec<int> within(Lanes32<Real> x, Lanes32<Real> clamped, Vec<int> v, Vec<int> old)
 {
-    Int stored[step];
-    Real value[step], clamped[step];
-    storeInts(stored, saturatedLanes<Int>(r));
-    storeLanes32(value, r.value);
-    storeLanes32(clamped, r.clamped);
-    for (int i = 0; i < count; i++)
-        if (saturate || value[i] == clamped[i])
-            dst[i] = stored[i];
+    Lanes32<Real> outside; // 0 or 1
+    for (int k = 0; k < x.registers; k++)
+        outside.part[k] =
+            (Vec<Real>)((RealBits<Real>)(x.part[k] != clamped.part[k]) & (RealBits<Real>)broadcast(Real(1)));
+    const Vec<int> keep = subWrapping(Vec<int>{}, roundToInts<3>(outside));
+    return (old & keep) | (v & ~keep);
+}
+
+template <bool saturate, class Real, class Int, int direction>
+bool convertAll(const Real* src, Int* dst, std::ptrdiff_t n)
+{
+    RealBits<Real> outside{};
+    const auto convert = [&](std::ptrdiff_t i, auto reach) {
+        const Lanes32<Real> x = loadLanes32(src + i, reach);
+        const Clamped<Real> clamped = clamp<Int, direction>(x);
+        outside |= clamped.outside;
+        Vec<int> v = saturated<Int, direction>(x, clamped.value);
+        if constexpr (!saturate)
+            v = within(x, clamped.value, v, loadInts(dst + i, reach));
+        storeInts(dst + i, v, reach);
+    };
+    std::ptrdiff_t i = 0;
+    for (; i + step <= n; i += step)
+        convert(i, Whole{});
+    if (i < n)
+        convert(i, Part{n - i});
+    return anySet(outside);
 }
 
 template <class Real, class Int, int direction>
 bool toInt(const Real* src, void* dst, std::ptrdiff_t n, bool saturate)
 {
-    Int* d = static_cast<Int*>(dst);
-    bool anyOutside = false;
-    std::ptrdiff_t i = 0;
-    for (; i + step <= n; i += step) {
-        const auto r = roundAndClamp<Int, direction>(loadLanes32(src + i));
-        anyOutside |= r.anyOutside;
-        if (r.anyOutside && !saturate) [[unlikely]]
-            storeSelected(d + i, r, step, false);
-        else
-            storeInts(d + i, saturatedLanes<Int>(r));
-    }
-    if (const int rest = int(n - i); rest > 0) {
-        Real last[step] = {};
-        __builtin_memcpy(last, src + i, std::size_t(rest) * sizeof(Real));
-        const auto r = roundAndClamp<Int, direction>(loadLanes32(last));
-        anyOutside |= r.anyOutside;
-        storeSelected(d + i, r, rest, saturate);
-    }
-    return anyOutside;
+    if (saturate)
+        return convertAll<true, Real, Int, direction>(src, static_cast<Int*>(dst), n);
+    return convertAll<false, Real, Int, direction>(src, static_cast<Int*>(dst), n);
 }
 
 template <class Real, class Int>
@@ -133,18 +148,12 @@ template <class Real, class Int>
 void fromInt(const void* src, Real* dst, std::ptrdiff_t n)
 {
     const Int* s = static_cast<const Int*>(src);
-    for (; n >= step; n -= step)
-        storeLanes32(dst + n - step, fromLanes<Real, Int>(loadAsInts(s + n - step)));
-    if (n > 0) {
-        Int last[step] = {};
-        Real converted[step];
-        __builtin_memcpy(last, s, std::size_t(n) * sizeof(Int));
-        storeLanes32(converted, fromLanes<Real, Int>(loadAsInts(last)));
-        __builtin_memcpy(dst, converted, std::size_t(n) * sizeof(Real));
-    }
+    downwards<step, 1, true>(dst, n, [=](std::ptrdiff_t i, auto reach) {
+        storeLanes32(dst + i, fromLanes<Real, Int>(loadInts(s + i, reach)), reach);
+    });
 }
 
-// In the order of Rounding; roundTo takes the processor's codes.
+// In the order of Rounding; roundToInts takes the processor's codes.
 template <class Real, class Int>
 constexpr typename ConvertKernels<Real>::Integer integer{
     {toInt<Real, Int, 0>, toInt<Real, Int, 3>, toInt<Real, Int, 1>, toInt<Real, Int, 2>}, fromInt<Real, Int>};
