@@ -14,9 +14,19 @@ extern const ConjKernels<ShortCplx> conjV;
 extern const ShortArithKernels arithW;
 extern const ConvertKernels<float> convertS;
 extern const ConvertKernels<double> convertD;
+extern const FirKernels<float, float> firS;
+extern const FirKernels<double, double> firD;
+extern const FirKernels<FloatCplx, FloatCplx> firC;
+extern const FirKernels<DoubleCplx, DoubleCplx> firZ;
+extern const FirKernels<float, FloatCplx> firSC;
+extern const FirKernels<FloatCplx, float> firCS;
+extern const FirKernels<double, DoubleCplx> firDZ;
+extern const FirKernels<DoubleCplx, double> firZD;
+extern const FirKernels<short, float> firW;
 
 // In the order of the bases of Kernels.
 constinit const Kernels kernels{{fill},  {arithS}, {arithD}, {arithC},   {arithZ},  {conjC},
-                                {conjZ}, {conjV},  {arithW}, {convertS}, {convertD}};
+                                {conjZ}, {conjV},  {arithW}, {convertS}, {convertD},
+                                {firS}, {firD}, {firC}, {firZ}, {firSC}, {firCS}, {firDZ}, {firZD}, {firW}};
 
 } // namespace ark::ARK_SET

@@ -12,6 +12,7 @@
 // only the newest processors can.
 #pragma once
 
+#include "filter/arkfir_kernels.hpp"
 #include "vector/arkarith_kernels.hpp"
 #include "vector/arkaritw_kernels.hpp"
 #include "vector/arkcvrt_kernels.hpp"
@@ -33,7 +34,16 @@ struct Kernels : KernelSlot<FillKernels>,
                  KernelSlot<ConjKernels<ShortCplx>>,
                  KernelSlot<ShortArithKernels>,
                  KernelSlot<ConvertKernels<float>>,
-                 KernelSlot<ConvertKernels<double>> {};
+                 KernelSlot<ConvertKernels<double>>,
+                 KernelSlot<FirKernels<float, float>>,
+                 KernelSlot<FirKernels<double, double>>,
+                 KernelSlot<FirKernels<FloatCplx, FloatCplx>>,
+                 KernelSlot<FirKernels<DoubleCplx, DoubleCplx>>,
+                 KernelSlot<FirKernels<float, FloatCplx>>,
+                 KernelSlot<FirKernels<FloatCplx, float>>,
+                 KernelSlot<FirKernels<double, DoubleCplx>>,
+                 KernelSlot<FirKernels<DoubleCplx, double>>,
+                 KernelSlot<FirKernels<short, float>> {};
 
 namespace sse2 {
 extern const Kernels kernels;

@@ -1,0 +1,175 @@
+/* arkpx/filter.h - FIR filters and LMS adaptive filters. */
+#ifndef ARKPX_FILTER_H
+#define ARKPX_FILTER_H
+
+#include <arkpx/types.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * FIR filters: what both levels compute
+ *
+ *   single rate    y[i] = sum over k = 0 ... N-1 of h[k] x[i-k]            h the taps, N = tapsLen
+ *
+ * Multi-rate filters raise the rate by U = upFactor, filter, and lower it by D = downFactor. On the up-sampled time
+ * axis t = 0, 1, ..., of which a call with numIters covers U D numIters steps:
+ *
+ *   - at t = upPhase, upPhase + U, ... the next input enters; between them the signal is zero;
+ *   - at t = downPhase, downPhase + D, ... an output is made: y = sum over k of h[k] v[t-k], v the signal with zeros.
+ *
+ * So a call reads numIters D inputs and writes numIters U outputs, and any partition of a signal into such calls gives
+ * the same outputs. With p = (t - upPhase) mod U, only the taps h[p], h[p+U], h[p+2U], ... meet samples that are not
+ * zero, and only they are computed (polyphase). upPhase p0 delays the input by p0 steps of the up-sampled axis;
+ * downPhase chooses which of D steps is kept. No gain is corrected: to keep the level when raising the rate, scale the
+ * taps by U. A linear-phase filter delays by (N-1)/2 steps of the up-sampled axis.
+ *
+ *   48 kHz to 8 kHz:    upFactor 1, downFactor 6: numIters 160 reads 960 samples and writes 160
+ *   8 kHz to 48 kHz:    upFactor 6, downFactor 1, taps with gain 6: numIters 160 reads 160 and writes 960
+ *   32 kHz to 48 kHz:   upFactor 3, downFactor 2: numIters 100 reads 200 and writes 300
+ *
+ * Types. The members s, d, c, z have data, taps and results of one type. Of the mixed members the first letter is the
+ * type of data and history, the second that of the taps; the result is complex: sc and dz filter real data with
+ * complex taps, cs and zd complex data with real taps. w: 16 bits, see there.
+ *
+ * Accuracy: sums are accumulated in double and rounded once to the result's type; the order of the sum is not fixed
+ * and depends on the processor, the number of outputs and the block. The error before rounding is below N 2^-52
+ * times the sum of the products' magnitudes. src and dst must not overlap.
+ *
+ * All checks of all FIR functions report ARK_StatusBadArgument and return at the first that fails, with outputs and
+ * state untouched (functions with a result return zero). The thread's status is never tested: an earlier failure stops
+ * nothing.
+ * --------------------------------------------------------------------------------------------------------------- */
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * FIR taps and delay line in the caller's memory
+ *
+ * Two records point at two arrays, all four the caller's; there is nothing to free. One taps record can serve any
+ * number of delay lines.
+ *
+ *   taps    tapsLen elements, in the caller's order: taps[0] meets the newest sample
+ *   delay   dlylLen + 1 elements, dlylLen = tapsLen for a single-rate filter, tapsLen / upFactor rounded up for a
+ *   line    multi-rate one. In filter mode element 0 is the newest sample, element k the k-th before it. The last
+ *           element is room that the interface promises; this implementation leaves it alone.
+ *
+ * Init and InitMr describe the taps (which they do not read), InitDlyl the delay line: it fixes dlylLen, does not clear
+ * the array, and leaves the record out of filter mode. SetDlyl enters filter mode; block calls demand it. A multi-rate
+ * record with upFactor 1 and downFactor 1 is a single-rate one.
+ *
+ * SetTaps copies src into the taps (null: zeros; the array itself: nothing to copy). GetTaps copies them out and leaves
+ * filter mode until the next SetTaps: the taps are the caller's to edit.
+ *
+ * SetDlyl and GetDlyl exchange history in the order of time, oldest first: n samples, n = dlylLen for a multi-rate
+ * filter, dlylLen - 1 for a single-rate one (what precedes the next input).
+ *   SetDlyl   null: zeros in all dlylLen elements; the array itself: its first n elements are reversed, unless the
+ *             record is in filter mode already; any other: element i becomes src[n-1-i]. Then filter mode is on.
+ *   GetDlyl   only in filter mode, else nothing is copied; dst[i] = element n-1-i, or reversed in place when dst is
+ *             the array itself. Then filter mode is off until the next SetDlyl.
+ *
+ * arkxFirl takes one sample and returns one output; it looks at neither rate nor filter mode, and moves the delay line
+ * (dlylLen elements) at each call. arkxbFirl filters blocks, of both kinds of rate; long blocks cost nothing for the
+ * delay line. One-sample and block calls can be mixed on a single-rate filter.
+ *
+ * 16 bits: data, taps and history are short. arkwFirl sums in 32 bits that wrap; with ARK_FIXED_SCALE in scaleMode the
+ * sum is scaled by *scaleFactor (0 for null; left shifts by 15 at the most) and clamped if ARK_SATURATE is there too;
+ * with any other mode, ARK_SATURATE and ARK_AUTO_SCALE included, the result is the low 16 bits of the sum. arkwbFirl
+ * rounds each sum to float, then to the nearest integer (ties to even), and scales the block by the rules of types.h,
+ * with shifts of at most 15 to the left; modes 6 and 7 count as 2 and 3, and ARK_AUTO_SCALE with a null scaleFactor
+ * scales and does not tell.
+ *
+ * Reports, in this order. Module arkfirl.
+ *   Init      "Null buffer pointer" (taps, tapState); "Invalid array length" (tapsLen < 1)
+ *   InitMr    the same; "Invalid phase value" (a phase < 0); "Invalid factor value" (upFactor <= upPhase); "Invalid
+ *             factor value" (downFactor <= downPhase)
+ *   InitDlyl, SetTaps, GetTaps, SetDlyl, GetDlyl, Firl    "Null buffer pointer" (src of the Set functions may be null)
+ *   bFirl     "Null buffer pointer"; "Invalid array length" (numIters < 1); "Not filter mode" (delay line); "Not filter
+ *             mode" (taps)
+ *   arkwbFirl also ARK_StatusOutOfMemory "Memory problem"
+ * Allocates: never, but for arkwbFirl: 4 tapsLen + 8 numIters upFactor bytes every call.
+ * --------------------------------------------------------------------------------------------------------------- */
+typedef struct FirlTapState {
+    void* taps;         /* the caller's array */
+    int   tapsLen;
+    int   upFactor;     /* 1 for a single-rate filter */
+    int   upPhase;      /* 0 ... upFactor-1 */
+    int   downFactor;   /* 1 for a single-rate filter */
+    int   downPhase;    /* 0 ... downFactor-1 */
+    int   isMultiRate;  /* 1 when a factor is 2 or more */
+    int   isFilterMode; /* 0 between GetTaps and SetTaps */
+} FirlTapState;
+
+typedef struct FirlDlyState {
+    void* dlyl;         /* the caller's array, dlylLen + 1 elements */
+    int   dlylLen;
+    int   isFilterMode; /* 1 between SetDlyl and GetDlyl */
+} FirlDlyState;
+
+ARKPX_API void arksFirlInit(float* taps, int tapsLen, FirlTapState* tapState);
+ARKPX_API void arkdFirlInit(double* taps, int tapsLen, FirlTapState* tapState);
+ARKPX_API void arkcFirlInit(FloatCplx* taps, int tapsLen, FirlTapState* tapState);
+ARKPX_API void arkzFirlInit(DoubleCplx* taps, int tapsLen, FirlTapState* tapState);
+ARKPX_API void arkwFirlInit(short* taps, int tapsLen, FirlTapState* tapState);
+
+ARKPX_API void arksFirlInitMr(float* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState);
+ARKPX_API void arkdFirlInitMr(double* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState);
+ARKPX_API void arkcFirlInitMr(FloatCplx* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState);
+ARKPX_API void arkzFirlInitMr(DoubleCplx* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState);
+ARKPX_API void arkwFirlInitMr(short* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState);
+
+ARKPX_API void arksFirlInitDlyl(const FirlTapState* tapState, float* dlyl, FirlDlyState* dlyState);
+ARKPX_API void arkdFirlInitDlyl(const FirlTapState* tapState, double* dlyl, FirlDlyState* dlyState);
+ARKPX_API void arkcFirlInitDlyl(const FirlTapState* tapState, FloatCplx* dlyl, FirlDlyState* dlyState);
+ARKPX_API void arkzFirlInitDlyl(const FirlTapState* tapState, DoubleCplx* dlyl, FirlDlyState* dlyState);
+ARKPX_API void arkwFirlInitDlyl(const FirlTapState* tapState, short* dlyl, FirlDlyState* dlyState);
+
+ARKPX_API void arksFirlSetTaps(const float* src, FirlTapState* tapState);
+ARKPX_API void arkdFirlSetTaps(const double* src, FirlTapState* tapState);
+ARKPX_API void arkcFirlSetTaps(const FloatCplx* src, FirlTapState* tapState);
+ARKPX_API void arkzFirlSetTaps(const DoubleCplx* src, FirlTapState* tapState);
+ARKPX_API void arkwFirlSetTaps(const short* src, FirlTapState* tapState);
+
+ARKPX_API void arksFirlGetTaps(FirlTapState* tapState, float* dst);
+ARKPX_API void arkdFirlGetTaps(FirlTapState* tapState, double* dst);
+ARKPX_API void arkcFirlGetTaps(FirlTapState* tapState, FloatCplx* dst);
+ARKPX_API void arkzFirlGetTaps(FirlTapState* tapState, DoubleCplx* dst);
+ARKPX_API void arkwFirlGetTaps(FirlTapState* tapState, short* dst);
+
+ARKPX_API void arksFirlSetDlyl(const FirlTapState* tapState, const float* src, FirlDlyState* dlyState);
+ARKPX_API void arkdFirlSetDlyl(const FirlTapState* tapState, const double* src, FirlDlyState* dlyState);
+ARKPX_API void arkcFirlSetDlyl(const FirlTapState* tapState, const FloatCplx* src, FirlDlyState* dlyState);
+ARKPX_API void arkzFirlSetDlyl(const FirlTapState* tapState, const DoubleCplx* src, FirlDlyState* dlyState);
+ARKPX_API void arkwFirlSetDlyl(const FirlTapState* tapState, const short* src, FirlDlyState* dlyState);
+
+ARKPX_API void arksFirlGetDlyl(const FirlTapState* tapState, FirlDlyState* dlyState, float* dst);
+ARKPX_API void arkdFirlGetDlyl(const FirlTapState* tapState, FirlDlyState* dlyState, double* dst);
+ARKPX_API void arkcFirlGetDlyl(const FirlTapState* tapState, FirlDlyState* dlyState, FloatCplx* dst);
+ARKPX_API void arkzFirlGetDlyl(const FirlTapState* tapState, FirlDlyState* dlyState, DoubleCplx* dst);
+ARKPX_API void arkwFirlGetDlyl(const FirlTapState* tapState, FirlDlyState* dlyState, short* dst);
+
+ARKPX_API float      arksFirl(const FirlTapState* tapState, FirlDlyState* dlyState, float sample);
+ARKPX_API double     arkdFirl(const FirlTapState* tapState, FirlDlyState* dlyState, double sample);
+ARKPX_API FloatCplx  arkcFirl(const FirlTapState* tapState, FirlDlyState* dlyState, FloatCplx sample);
+ARKPX_API DoubleCplx arkzFirl(const FirlTapState* tapState, FirlDlyState* dlyState, DoubleCplx sample);
+ARKPX_API FloatCplx  arkscFirl(const FirlTapState* tapState, FirlDlyState* dlyState, float sample);
+ARKPX_API FloatCplx  arkcsFirl(const FirlTapState* tapState, FirlDlyState* dlyState, FloatCplx sample);
+ARKPX_API DoubleCplx arkdzFirl(const FirlTapState* tapState, FirlDlyState* dlyState, double sample);
+ARKPX_API DoubleCplx arkzdFirl(const FirlTapState* tapState, FirlDlyState* dlyState, DoubleCplx sample);
+
+ARKPX_API void arksbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const float* src, float* dst, int numIters);
+ARKPX_API void arkdbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const double* src, double* dst, int numIters);
+ARKPX_API void arkcbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const FloatCplx* src, FloatCplx* dst, int numIters);
+ARKPX_API void arkzbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const DoubleCplx* src, DoubleCplx* dst, int numIters);
+ARKPX_API void arkscbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const float* src, FloatCplx* dst, int numIters);
+ARKPX_API void arkcsbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const FloatCplx* src, FloatCplx* dst, int numIters);
+ARKPX_API void arkdzbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const double* src, DoubleCplx* dst, int numIters);
+ARKPX_API void arkzdbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const DoubleCplx* src, DoubleCplx* dst, int numIters);
+
+ARKPX_API short arkwFirl(const FirlTapState* tapState, FirlDlyState* dlyState, short sample, int scaleMode, int* scaleFactor);
+ARKPX_API void  arkwbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const short* src, short* dst, int numIters, int scaleMode, int* scaleFactor);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
