@@ -111,11 +111,16 @@ ARKPX_API void arkcFirlInit(FloatCplx* taps, int tapsLen, FirlTapState* tapState
 ARKPX_API void arkzFirlInit(DoubleCplx* taps, int tapsLen, FirlTapState* tapState);
 ARKPX_API void arkwFirlInit(short* taps, int tapsLen, FirlTapState* tapState);
 
-ARKPX_API void arksFirlInitMr(float* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState);
-ARKPX_API void arkdFirlInitMr(double* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState);
-ARKPX_API void arkcFirlInitMr(FloatCplx* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState);
-ARKPX_API void arkzFirlInitMr(DoubleCplx* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState);
-ARKPX_API void arkwFirlInitMr(short* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState);
+ARKPX_API void arksFirlInitMr(float* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase,
+                              FirlTapState* tapState);
+ARKPX_API void arkdFirlInitMr(double* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase,
+                              FirlTapState* tapState);
+ARKPX_API void arkcFirlInitMr(FloatCplx* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase,
+                              FirlTapState* tapState);
+ARKPX_API void arkzFirlInitMr(DoubleCplx* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase,
+                              FirlTapState* tapState);
+ARKPX_API void arkwFirlInitMr(short* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase,
+                              FirlTapState* tapState);
 
 ARKPX_API void arksFirlInitDlyl(const FirlTapState* tapState, float* dlyl, FirlDlyState* dlyState);
 ARKPX_API void arkdFirlInitDlyl(const FirlTapState* tapState, double* dlyl, FirlDlyState* dlyState);
@@ -157,16 +162,169 @@ ARKPX_API DoubleCplx arkdzFirl(const FirlTapState* tapState, FirlDlyState* dlySt
 ARKPX_API DoubleCplx arkzdFirl(const FirlTapState* tapState, FirlDlyState* dlyState, DoubleCplx sample);
 
 ARKPX_API void arksbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const float* src, float* dst, int numIters);
-ARKPX_API void arkdbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const double* src, double* dst, int numIters);
-ARKPX_API void arkcbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const FloatCplx* src, FloatCplx* dst, int numIters);
-ARKPX_API void arkzbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const DoubleCplx* src, DoubleCplx* dst, int numIters);
-ARKPX_API void arkscbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const float* src, FloatCplx* dst, int numIters);
-ARKPX_API void arkcsbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const FloatCplx* src, FloatCplx* dst, int numIters);
-ARKPX_API void arkdzbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const double* src, DoubleCplx* dst, int numIters);
-ARKPX_API void arkzdbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const DoubleCplx* src, DoubleCplx* dst, int numIters);
+ARKPX_API void arkdbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const double* src, double* dst,
+                         int numIters);
+ARKPX_API void arkcbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const FloatCplx* src, FloatCplx* dst,
+                         int numIters);
+ARKPX_API void arkzbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const DoubleCplx* src, DoubleCplx* dst,
+                         int numIters);
+ARKPX_API void arkscbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const float* src, FloatCplx* dst,
+                          int numIters);
+ARKPX_API void arkcsbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const FloatCplx* src, FloatCplx* dst,
+                          int numIters);
+ARKPX_API void arkdzbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const double* src, DoubleCplx* dst,
+                          int numIters);
+ARKPX_API void arkzdbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const DoubleCplx* src, DoubleCplx* dst,
+                          int numIters);
 
-ARKPX_API short arkwFirl(const FirlTapState* tapState, FirlDlyState* dlyState, short sample, int scaleMode, int* scaleFactor);
-ARKPX_API void  arkwbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const short* src, short* dst, int numIters, int scaleMode, int* scaleFactor);
+ARKPX_API short arkwFirl(const FirlTapState* tapState, FirlDlyState* dlyState, short sample, int scaleMode,
+                         int* scaleFactor);
+ARKPX_API void  arkwbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const short* src, short* dst, int numIters,
+                          int scaleMode, int* scaleFactor);
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * FIR filter objects
+ *
+ * A FirState record is the caller's; taps and history behind it are the library's, from Init to arkFirFree. Zero the
+ * record before its first Init: Init and Free tell by the record's field self whether it holds an object. Init of an
+ * initialised object releases the old one first. The record must not be copied or moved while it is initialised.
+ *
+ *   FirState state = {0};
+ *   arksFirInit(taps, 64, NULL, &state);
+ *   arksbFir(&state, src, dst, 1024);             and so on, block after block
+ *   arkFirFree(&state);
+ *
+ * Init takes tapsLen taps in the caller's order (taps[0] meets the newest sample; null: zeros) and the history dlyl,
+ * oldest sample first (null: zeros). History is dlylLen samples: tapsLen - 1 for a single-rate object, tapsLen /
+ * upFactor rounded up for a multi-rate one. Set and Get exchange taps and history in these orders at any time and change
+ * nothing else; SetTaps and SetDlyl take null for zeros. A mixed object's taps go through the functions of its taps'
+ * type, its history through those of its data's type: for arkscFir, arkcFirSetTaps and arksFirSetDlyl.
+ *
+ * arkxFir takes one sample and returns one output, for single-rate objects; on a multi-rate object its result has no
+ * meaning. arkxbFir filters blocks of both kinds of rate. One-sample and block calls can be mixed.
+ *
+ * 16 bits: data and history are short, the taps float (kept as given: tapsScale is always 0). Each sum is rounded to the
+ * nearest integer (ties to even) and delivered as sum 2^-f: with ARK_FIXED_SCALE in scaleMode f is *scaleFactor (0 for
+ * null; left shifts by 15 at the most), else 0. With ARK_SATURATE results are clamped, else the low 16 bits are kept.
+ * scaleMode equal to ARK_AUTO_SCALE: f is the smallest factor >= 0 with which the whole block, or the one sample, fits,
+ * and is written to *scaleFactor; the block is then computed twice.
+ *
+ * Reports, in this order. Modules arkfirh and, w members, arkfirhw.
+ *   Init      "Null state pointer"; "Invalid value" (tapsLen < 1)
+ *   InitMr    "Null state pointer"; "Invalid value" (upFactor < 1; downFactor < 1; upPhase not in 0 ... upFactor-1;
+ *             downPhase not in 0 ... downFactor-1; tapsLen < 1)
+ *             both then ARK_StatusOutOfMemory "Allocation failure", also where a length exceeds 2^31-1; the record then
+ *             holds no object
+ *   others    "Null state pointer"; "Must have been initialized"; then "Null buffer pointer" (GetTaps and GetDlyl: the
+ *             destination; bFir: src, dst); bFir: "Invalid value" (numIters < 1); arkwFir, arkwbFir: "Null scale factor
+ *             pointer" (ARK_AUTO_SCALE without one)
+ *   arkFirFree reports under the name arkFirarkFree.
+ * Allocates: Init only.
+ * --------------------------------------------------------------------------------------------------------------- */
+
+/* Output k of every cycle of upFactor outputs per downFactor inputs. */
+typedef struct FirPhase {
+    int tap;    /* its sub-filter has the caller's taps tap, tap + upFactor, ... */
+    int len;    /* how many they are */
+    int start;  /* the oldest sample that they meet, counted from the start of the history */
+    int offset; /* where they are in taps */
+} FirPhase;
+
+typedef struct FirState {
+    int       upFactor;     /* 1 for a single-rate object */
+    int       upPhase;
+    int       downFactor;
+    int       downPhase;
+    int       isMultiRate;  /* 1 when a factor is 2 or more */
+    void*     self;         /* the record's own address while it is initialised */
+    int       tapsLen;      /* elements of taps; w: rounded up to a multiple of upFactor */
+    int       tapsLen8;     /* tapsLen rounded down to a multiple of 8; w: 0 */
+    void*     taps;         /* every sub-filter reversed, one behind the other */
+    int       dlylLen;
+    int       bufLen;       /* elements of buffer behind the history */
+    void*     buffer;       /* dlylLen + bufLen elements */
+    void*     bufEnd;       /* buffer + bufLen elements */
+    void*     dlylPtr;      /* the history inside buffer, oldest sample first */
+    FirPhase* phaseTable;   /* upFactor entries; null for a single-rate object */
+    int       tapsScale;    /* 0 */
+    int       givenTapsLen; /* the caller's tapsLen */
+} FirState;
+
+ARKPX_API void arksFirInit(const float* taps, int tapsLen, const float* dlyl, FirState* state);
+ARKPX_API void arkdFirInit(const double* taps, int tapsLen, const double* dlyl, FirState* state);
+ARKPX_API void arkcFirInit(const FloatCplx* taps, int tapsLen, const FloatCplx* dlyl, FirState* state);
+ARKPX_API void arkzFirInit(const DoubleCplx* taps, int tapsLen, const DoubleCplx* dlyl, FirState* state);
+ARKPX_API void arkscFirInit(const FloatCplx* taps, int tapsLen, const float* dlyl, FirState* state);
+ARKPX_API void arkcsFirInit(const float* taps, int tapsLen, const FloatCplx* dlyl, FirState* state);
+ARKPX_API void arkdzFirInit(const DoubleCplx* taps, int tapsLen, const double* dlyl, FirState* state);
+ARKPX_API void arkzdFirInit(const double* taps, int tapsLen, const DoubleCplx* dlyl, FirState* state);
+ARKPX_API void arkwFirInit(const float* taps, int tapsLen, const short* dlyl, FirState* state);
+
+ARKPX_API void arksFirInitMr(const float* taps, int tapsLen, const float* dlyl, int upFactor, int upPhase, int downFactor,
+                             int downPhase, FirState* state);
+ARKPX_API void arkdFirInitMr(const double* taps, int tapsLen, const double* dlyl, int upFactor, int upPhase,
+                             int downFactor, int downPhase, FirState* state);
+ARKPX_API void arkcFirInitMr(const FloatCplx* taps, int tapsLen, const FloatCplx* dlyl, int upFactor, int upPhase,
+                             int downFactor, int downPhase, FirState* state);
+ARKPX_API void arkzFirInitMr(const DoubleCplx* taps, int tapsLen, const DoubleCplx* dlyl, int upFactor, int upPhase,
+                             int downFactor, int downPhase, FirState* state);
+ARKPX_API void arkscFirInitMr(const FloatCplx* taps, int tapsLen, const float* dlyl, int upFactor, int upPhase,
+                              int downFactor, int downPhase, FirState* state);
+ARKPX_API void arkcsFirInitMr(const float* taps, int tapsLen, const FloatCplx* dlyl, int upFactor, int upPhase,
+                              int downFactor, int downPhase, FirState* state);
+ARKPX_API void arkdzFirInitMr(const DoubleCplx* taps, int tapsLen, const double* dlyl, int upFactor, int upPhase,
+                              int downFactor, int downPhase, FirState* state);
+ARKPX_API void arkzdFirInitMr(const double* taps, int tapsLen, const DoubleCplx* dlyl, int upFactor, int upPhase,
+                              int downFactor, int downPhase, FirState* state);
+ARKPX_API void arkwFirInitMr(const float* taps, int tapsLen, const short* dlyl, int upFactor, int upPhase, int downFactor,
+                             int downPhase, FirState* state);
+
+ARKPX_API void arksFirSetTaps(const float* taps, FirState* state);
+ARKPX_API void arkdFirSetTaps(const double* taps, FirState* state);
+ARKPX_API void arkcFirSetTaps(const FloatCplx* taps, FirState* state);
+ARKPX_API void arkzFirSetTaps(const DoubleCplx* taps, FirState* state);
+ARKPX_API void arkwFirSetTaps(const float* taps, FirState* state);
+
+ARKPX_API void arksFirGetTaps(const FirState* state, float* taps);
+ARKPX_API void arkdFirGetTaps(const FirState* state, double* taps);
+ARKPX_API void arkcFirGetTaps(const FirState* state, FloatCplx* taps);
+ARKPX_API void arkzFirGetTaps(const FirState* state, DoubleCplx* taps);
+ARKPX_API void arkwFirGetTaps(const FirState* state, float* taps);
+
+ARKPX_API void arksFirSetDlyl(const float* dlyl, FirState* state);
+ARKPX_API void arkdFirSetDlyl(const double* dlyl, FirState* state);
+ARKPX_API void arkcFirSetDlyl(const FloatCplx* dlyl, FirState* state);
+ARKPX_API void arkzFirSetDlyl(const DoubleCplx* dlyl, FirState* state);
+ARKPX_API void arkwFirSetDlyl(const short* dlyl, FirState* state);
+
+ARKPX_API void arksFirGetDlyl(const FirState* state, float* dlyl);
+ARKPX_API void arkdFirGetDlyl(const FirState* state, double* dlyl);
+ARKPX_API void arkcFirGetDlyl(const FirState* state, FloatCplx* dlyl);
+ARKPX_API void arkzFirGetDlyl(const FirState* state, DoubleCplx* dlyl);
+ARKPX_API void arkwFirGetDlyl(const FirState* state, short* dlyl);
+
+ARKPX_API float      arksFir(FirState* state, float sample);
+ARKPX_API double     arkdFir(FirState* state, double sample);
+ARKPX_API FloatCplx  arkcFir(FirState* state, FloatCplx sample);
+ARKPX_API DoubleCplx arkzFir(FirState* state, DoubleCplx sample);
+ARKPX_API FloatCplx  arkscFir(FirState* state, float sample);
+ARKPX_API FloatCplx  arkcsFir(FirState* state, FloatCplx sample);
+ARKPX_API DoubleCplx arkdzFir(FirState* state, double sample);
+ARKPX_API DoubleCplx arkzdFir(FirState* state, DoubleCplx sample);
+
+ARKPX_API void arksbFir(FirState* state, const float* src, float* dst, int numIters);
+ARKPX_API void arkdbFir(FirState* state, const double* src, double* dst, int numIters);
+ARKPX_API void arkcbFir(FirState* state, const FloatCplx* src, FloatCplx* dst, int numIters);
+ARKPX_API void arkzbFir(FirState* state, const DoubleCplx* src, DoubleCplx* dst, int numIters);
+ARKPX_API void arkscbFir(FirState* state, const float* src, FloatCplx* dst, int numIters);
+ARKPX_API void arkcsbFir(FirState* state, const FloatCplx* src, FloatCplx* dst, int numIters);
+ARKPX_API void arkdzbFir(FirState* state, const double* src, DoubleCplx* dst, int numIters);
+ARKPX_API void arkzdbFir(FirState* state, const DoubleCplx* src, DoubleCplx* dst, int numIters);
+
+ARKPX_API short arkwFir(FirState* state, short sample, int scaleMode, int* scaleFactor);
+ARKPX_API void  arkwbFir(FirState* state, const short* src, short* dst, int numIters, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arkFirFree(FirState* state);
 
 #ifdef __cplusplus
 }

@@ -11,11 +11,16 @@ void arkcFirlInit(FloatCplx* taps, int tapsLen, FirlTapState* tapState)  { firlI
 void arkzFirlInit(DoubleCplx* taps, int tapsLen, FirlTapState* tapState) { firlInit(here(), taps, tapsLen, tapState); }
 void arkwFirlInit(short* taps, int tapsLen, FirlTapState* tapState)      { firlInit(here(), taps, tapsLen, tapState); }
 
-void arksFirlInitMr(float* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState)      { firlInitMr(here(), taps, tapsLen, {upFactor, upPhase, downFactor, downPhase}, tapState); }
-void arkdFirlInitMr(double* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState)     { firlInitMr(here(), taps, tapsLen, {upFactor, upPhase, downFactor, downPhase}, tapState); }
-void arkcFirlInitMr(FloatCplx* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState)  { firlInitMr(here(), taps, tapsLen, {upFactor, upPhase, downFactor, downPhase}, tapState); }
-void arkzFirlInitMr(DoubleCplx* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState) { firlInitMr(here(), taps, tapsLen, {upFactor, upPhase, downFactor, downPhase}, tapState); }
-void arkwFirlInitMr(short* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState)      { firlInitMr(here(), taps, tapsLen, {upFactor, upPhase, downFactor, downPhase}, tapState); }
+void arksFirlInitMr(float* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState)
+    { firlInitMr(here(), taps, tapsLen, {upFactor, upPhase, downFactor, downPhase}, tapState); }
+void arkdFirlInitMr(double* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState)
+    { firlInitMr(here(), taps, tapsLen, {upFactor, upPhase, downFactor, downPhase}, tapState); }
+void arkcFirlInitMr(FloatCplx* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState)
+    { firlInitMr(here(), taps, tapsLen, {upFactor, upPhase, downFactor, downPhase}, tapState); }
+void arkzFirlInitMr(DoubleCplx* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState)
+    { firlInitMr(here(), taps, tapsLen, {upFactor, upPhase, downFactor, downPhase}, tapState); }
+void arkwFirlInitMr(short* taps, int tapsLen, int upFactor, int upPhase, int downFactor, int downPhase, FirlTapState* tapState)
+    { firlInitMr(here(), taps, tapsLen, {upFactor, upPhase, downFactor, downPhase}, tapState); }
 
 void arksFirlInitDlyl(const FirlTapState* tapState, float* dlyl, FirlDlyState* dlyState)      { firlInitDlyl(here(), tapState, dlyl, dlyState); }
 void arkdFirlInitDlyl(const FirlTapState* tapState, double* dlyl, FirlDlyState* dlyState)     { firlInitDlyl(here(), tapState, dlyl, dlyState); }
@@ -65,6 +70,8 @@ void arkcsbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const Floa
 void arkdzbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const double* src, DoubleCplx* dst, int numIters)     { bFirl<double, DoubleCplx>(here(), tapState, dlyState, src, dst, numIters); }
 void arkzdbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const DoubleCplx* src, DoubleCplx* dst, int numIters) { bFirl<DoubleCplx, double>(here(), tapState, dlyState, src, dst, numIters); }
 
-short arkwFirl(const FirlTapState* tapState, FirlDlyState* dlyState, short sample, int scaleMode, int* scaleFactor)                                { return wFirl(here(), tapState, dlyState, sample, {scaleMode, scaleFactor}); }
-void  arkwbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const short* src, short* dst, int numIters, int scaleMode, int* scaleFactor) { wbFirl(here(), tapState, dlyState, src, dst, numIters, {scaleMode, scaleFactor}); }
+short arkwFirl(const FirlTapState* tapState, FirlDlyState* dlyState, short sample, int scaleMode, int* scaleFactor)
+    { return wFirl(here(), tapState, dlyState, sample, {scaleMode, scaleFactor}); }
+void  arkwbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, const short* src, short* dst, int numIters, int scaleMode, int* scaleFactor)
+    { wbFirl(here(), tapState, dlyState, src, dst, numIters, {scaleMode, scaleFactor}); }
 // clang-format on

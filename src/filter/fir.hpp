@@ -60,47 +60,24 @@ inline OutputPhase outputPhase(Rate rate, int tapsLen, int k)
     return {subFilter(int(time % rate.up), tapsLen, rate.up), time / rate.up + 1};
 }
 
-// Where a sub-filter's taps lie, so that they meet the oldest sample first.
+// What an output is computed from: the taps of its sub-filter, in the order in which they meet the samples of seq from
+// start on, when seq is the history, oldest sample first, with the new samples behind it.
 template <class T>
-struct TapsInOrder {
-    const T* first;
-    std::ptrdiff_t step;
-};
-
-// Taps as the caller has them: the first one meets the newest sample.
-template <class T>
-struct CallersTaps {
+struct Phase {
     const T* taps;
-    int up;
-
-    TapsInOrder<T> operator()(SubFilter sub, int) const
-    {
-        return {sub.len ? taps + (sub.tap + (sub.len - 1) * up) : taps, -up};
-    }
+    std::ptrdiff_t tapStep, len, start;
 };
 
-// Filters whole cycles, each of D samples in and U outputs out. seq is the history, oldest sample first, with the new
-// samples behind it. tapsOf tells where the taps of output k are, store(run, k) has the outputs k, k + U, ... computed.
-template <class X, class T, class TapsOf, class Store>
-void eachPhase(Rate rate, int tapsLen, std::ptrdiff_t historyLen, const X* seq, std::ptrdiff_t cycles,
-               const TapsOf& tapsOf, const Store& store)
+// Filters whole cycles, each of D samples in and U outputs out: phaseOf(k) is the phase of output k of every cycle,
+// store(run, k) has the outputs k, k + U, ... computed.
+template <class X, class T, class PhaseOf, class Store>
+void eachPhase(Rate rate, const X* seq, std::ptrdiff_t cycles, const PhaseOf& phaseOf, const Store& store)
 {
     for (int k = 0; k < rate.up; k++) {
-        const OutputPhase phase = outputPhase(rate, tapsLen, k);
-        const TapsInOrder<T> taps = tapsOf(phase.sub, k);
-        const X* oldest = seq + historyLen + std::ptrdiff_t(phase.entered) - phase.sub.len;
-        store(FirRun<X, T>{taps.first, taps.step, phase.sub.len, oldest, rate.down, nullptr, rate.up, cycles}, k);
+        const Phase<T> phase = phaseOf(k);
+        store(FirRun<X, T>{phase.taps, phase.tapStep, phase.len, seq + phase.start, rate.down, nullptr, rate.up, cycles},
+              k);
     }
-}
-
-template <class X, class T, class TapsOf>
-void polyphase(Rate rate, int tapsLen, std::ptrdiff_t historyLen, const X* seq, std::ptrdiff_t cycles,
-               const TapsOf& tapsOf, FirOutput<X, T>* dst)
-{
-    eachPhase<X, T>(rate, tapsLen, historyLen, seq, cycles, tapsOf, [=](FirRun<X, T> run, int k) {
-        run.dst = dst + k;
-        kernels<FirKernels<X, T>>().filter(run);
-    });
 }
 
 template <class X, class T>
@@ -156,8 +133,7 @@ struct DelayLineFilter {
         else
             entered = throughDelayLine(src, dst, mixed);
         if (mixed < cycles)
-            polyphase<X, T>(rate, reach(), dlylLen, src + (mixed * down - dlylLen), cycles - mixed,
-                            CallersTaps<T>{taps, rate.up}, dst + mixed * up);
+            polyphase(src + (mixed * down - dlylLen), dst + mixed * up, cycles - mixed);
         enter(dlyl, dlylLen, src + entered, cycles * down - entered);
     }
 
@@ -166,6 +142,20 @@ private:
 
     // The taps that history is kept for: all, unless the records were made for different filters.
     int reach() const { return int(std::min(std::int64_t{tapsLen}, std::int64_t{dlylLen} * rate.up)); }
+
+    // The taps lie as the caller has them: the first one meets the newest sample.
+    void polyphase(const X* seq, FirOutput<X, T>* dst, std::ptrdiff_t cycles) const
+    {
+        const auto phaseOf = [&](int k) -> Phase<T> {
+            const auto [sub, entered] = outputPhase(rate, reach(), k);
+            const T* last = sub.len ? taps + (sub.tap + (sub.len - 1) * rate.up) : taps;
+            return {last, -std::ptrdiff_t{rate.up}, sub.len, dlylLen + std::ptrdiff_t(entered) - sub.len};
+        };
+        eachPhase<X, T>(rate, seq, cycles, phaseOf, [=](FirRun<X, T> run, int k) {
+            run.dst = dst + k;
+            kernels<FirKernels<X, T>>().filter(run);
+        });
+    }
 
     // Brings history and new samples together, in the order of time, a window at a time.
     void throughWindow(const X* src, FirOutput<X, T>* dst, std::ptrdiff_t cycles) const
@@ -179,7 +169,7 @@ private:
             for (std::ptrdiff_t i = 0; i < old; i++)
                 window[i] = dlyl[-(start + i) - 1];
             std::memcpy(window + old, src + (start + old), std::size_t(size - old) * sizeof(X));
-            polyphase<X, T>(rate, reach(), dlylLen, window, n, CallersTaps<T>{taps, rate.up}, dst + c * rate.up);
+            polyphase(window, dst + c * rate.up, n);
         }
     }
 

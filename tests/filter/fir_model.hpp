@@ -140,8 +140,8 @@ inline Rate anyRate()
 
 inline int anyTapsLen()
 {
-    constexpr int most[] = {4, 20, 100, 700, 5000};
-    return randomInt(1, most[randomInt(0, 79) == 0 ? 4 : randomInt(0, 12) == 0 ? 3 : randomInt(0, 2)]);
+    constexpr int most[] = {4, 20, 100, 700, 3000};
+    return randomInt(1, most[randomInt(0, 19) == 0 ? 4 : randomInt(0, 12) == 0 ? 3 : randomInt(0, 2)]);
 }
 
 // One filter through a random program of calls, against the model. Filter is made from taps and a rate and has the
