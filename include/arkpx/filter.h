@@ -326,6 +326,360 @@ ARKPX_API void  arkwbFir(FirState* state, const short* src, short* dst, int numI
 
 ARKPX_API void arkFirFree(FirState* state);
 
+/* ---------------------------------------------------------------------------------------------------------------
+ * LMS adaptive filters: what both levels compute
+ *
+ * An FIR filter whose taps follow an error signal by the leaky least-mean-squares rule. One step, with N = tapsLen,
+ * D = errDelay, e the error and x the delay line, newest sample first:
+ *
+ *   update   h[i] = (1 - leak) h[i] + step e conj(x[D + i])         i = 0 ... N-1
+ *   enter    the new sample becomes x[0], all others age by one
+ *   output   y = sum over i = 0 ... N-1 of h[i] x[i]
+ *
+ * The update precedes the sample: e belongs to the output made D steps before the previous one, and x[D + i] is the
+ * sample that met tap i then. With D = 0, e is the error of the previous output. In a stationary signal of power p the
+ * filter converges for 0 < step < 2 / (N p), fastest near 1 / (N p); the excess error in the end is about step N p / 2
+ * of the noise. Nothing is divided by a power: silence leaves the taps alone (but for the leak).
+ *
+ * The decimating step takes F = downFactor samples, makes one output, and looks at the delay line from element
+ * F - downPhase - 1 on instead of from element 0: the output is that of src[downPhase].
+ *
+ * step, leak and errDelay are of the same types for all members (float, float, int); errors, desired values and outputs
+ * have the result's type: complex where data or taps are. sc and dz: real data, complex taps. lmsType is stored only.
+ * Taps are updated in double and rounded once to their type; outputs are sums as in FIR filters.
+ *
+ * All checks report ARK_StatusBadArgument and return at the first that fails, functions with a result return zero; the
+ * thread's status is never tested.
+ * --------------------------------------------------------------------------------------------------------------- */
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * LMS taps and delay line in the caller's memory
+ *
+ * As FIR taps and delay line, which see: taps[0] meets the newest sample. The delay line's array has dlylLen elements:
+ * tapsLen, and errDelay more if the flag of InitDlyl is not 0, and downFactor more if the taps record is multi-rate.
+ * History behind its end counts as zero: a delayed error wants the flag. InitDlyl does not clear the array, but
+ * sets filter mode; SetDlyl with null clears it.
+ *
+ *   arkxLmsl       one step with one sample; a step <= 0 leaves the taps alone, and the leak out
+ *   arkxbLmsl      one decimating step: downFactor samples in, one output
+ *   arkxLmslNa     one sample without adaptation, arkxFirl on these records: the sum reaches over the shorter of taps
+ *   arkxbLmslNa    and delay line; a block likewise, arkxbFirl with numIters, downFactor and filter mode as there
+ *   SetTaps, GetTaps, SetDlyl, GetDlyl    as the FIR functions of these names, for n = dlylLen of a multi-rate record and
+ *                  n = dlylLen - 1 of a single-rate one
+ *
+ * 16 bits: taps, data, error and output in units of 2^-15, no leak. Taps and output are rounded to the nearest unit
+ * (ties to even) and saturated; sums are exact.
+ *
+ * Reports, in this order. Module arklmsl.
+ *   Init      "Null buffer pointer" (taps, tapState); "Invalid buffer length" (tapsLen < 1); "Invalid error delay value"
+ *             (errDelay < 0)
+ *   InitMr    the same; "Invalid factor value" (downPhase < 0); "Invalid factor value" (downFactor <= downPhase)
+ *   InitDlyl  "Null buffer pointer"; "Invalid buffer length" (dlylLen above 2^31-1)
+ *   bLmslNa   as arkxbFirl
+ *   others    "Null buffer pointer"
+ * Allocates: never.
+ * --------------------------------------------------------------------------------------------------------------- */
+typedef struct LmslTapState {
+    void* taps;         /* as FirlTapState */
+    int   tapsLen;
+    int   upFactor;     /* 1 */
+    int   upPhase;      /* 0 */
+    int   downFactor;
+    int   downPhase;
+    int   isMultiRate;  /* 1 when downFactor is 2 or more */
+    int   isFilterMode;
+    float leak;
+    float step;
+    int   errDelay;
+    int   lmsType;
+} LmslTapState;
+
+typedef struct LmslDlyState {
+    void* dlyl;         /* the caller's array, dlylLen elements, newest sample first */
+    int   dlylLen;
+    int   isFilterMode; /* 1 but between GetDlyl and SetDlyl */
+    int   flag;         /* not 0: dlylLen counts errDelay */
+} LmslDlyState;
+
+ARKPX_API void arksLmslInit(int lmsType, float* taps, int tapsLen, float step, float leak, int errDelay,
+                            LmslTapState* tapState);
+ARKPX_API void arkdLmslInit(int lmsType, double* taps, int tapsLen, float step, float leak, int errDelay,
+                            LmslTapState* tapState);
+ARKPX_API void arkcLmslInit(int lmsType, FloatCplx* taps, int tapsLen, float step, float leak, int errDelay,
+                            LmslTapState* tapState);
+ARKPX_API void arkzLmslInit(int lmsType, DoubleCplx* taps, int tapsLen, float step, float leak, int errDelay,
+                            LmslTapState* tapState);
+ARKPX_API void arkwLmslInit(int lmsType, short* taps, int tapsLen, float step, int errDelay, LmslTapState* tapState);
+
+ARKPX_API void arksLmslInitMr(int lmsType, float* taps, int tapsLen, float step, float leak, int errDelay, int downFactor,
+                              int downPhase, LmslTapState* tapState);
+ARKPX_API void arkdLmslInitMr(int lmsType, double* taps, int tapsLen, float step, float leak, int errDelay, int downFactor,
+                              int downPhase, LmslTapState* tapState);
+ARKPX_API void arkcLmslInitMr(int lmsType, FloatCplx* taps, int tapsLen, float step, float leak, int errDelay,
+                              int downFactor, int downPhase, LmslTapState* tapState);
+ARKPX_API void arkzLmslInitMr(int lmsType, DoubleCplx* taps, int tapsLen, float step, float leak, int errDelay,
+                              int downFactor, int downPhase, LmslTapState* tapState);
+
+ARKPX_API void arksLmslInitDlyl(const LmslTapState* tapState, float* dlyl, int flag, LmslDlyState* dlyState);
+ARKPX_API void arkdLmslInitDlyl(const LmslTapState* tapState, double* dlyl, int flag, LmslDlyState* dlyState);
+ARKPX_API void arkcLmslInitDlyl(const LmslTapState* tapState, FloatCplx* dlyl, int flag, LmslDlyState* dlyState);
+ARKPX_API void arkzLmslInitDlyl(const LmslTapState* tapState, DoubleCplx* dlyl, int flag, LmslDlyState* dlyState);
+ARKPX_API void arkwLmslInitDlyl(const LmslTapState* tapState, short* dlyl, int flag, LmslDlyState* dlyState);
+
+ARKPX_API float arksLmslGetStep(const LmslTapState* tapState);
+ARKPX_API float arkdLmslGetStep(const LmslTapState* tapState);
+ARKPX_API float arkcLmslGetStep(const LmslTapState* tapState);
+ARKPX_API float arkzLmslGetStep(const LmslTapState* tapState);
+ARKPX_API float arkwLmslGetStep(const LmslTapState* tapState);
+
+ARKPX_API void arksLmslSetStep(LmslTapState* tapState, float step);
+ARKPX_API void arkdLmslSetStep(LmslTapState* tapState, float step);
+ARKPX_API void arkcLmslSetStep(LmslTapState* tapState, float step);
+ARKPX_API void arkzLmslSetStep(LmslTapState* tapState, float step);
+ARKPX_API void arkwLmslSetStep(LmslTapState* tapState, float step);
+
+ARKPX_API float arksLmslGetLeak(const LmslTapState* tapState);
+ARKPX_API float arkdLmslGetLeak(const LmslTapState* tapState);
+ARKPX_API float arkcLmslGetLeak(const LmslTapState* tapState);
+ARKPX_API float arkzLmslGetLeak(const LmslTapState* tapState);
+
+ARKPX_API void arksLmslSetLeak(LmslTapState* tapState, float leak);
+ARKPX_API void arkdLmslSetLeak(LmslTapState* tapState, float leak);
+ARKPX_API void arkcLmslSetLeak(LmslTapState* tapState, float leak);
+ARKPX_API void arkzLmslSetLeak(LmslTapState* tapState, float leak);
+
+ARKPX_API void arksLmslSetTaps(const float* src, LmslTapState* tapState);
+ARKPX_API void arkdLmslSetTaps(const double* src, LmslTapState* tapState);
+ARKPX_API void arkcLmslSetTaps(const FloatCplx* src, LmslTapState* tapState);
+ARKPX_API void arkzLmslSetTaps(const DoubleCplx* src, LmslTapState* tapState);
+ARKPX_API void arkwLmslSetTaps(const short* src, LmslTapState* tapState);
+
+ARKPX_API void arksLmslGetTaps(LmslTapState* tapState, float* dst);
+ARKPX_API void arkdLmslGetTaps(LmslTapState* tapState, double* dst);
+ARKPX_API void arkcLmslGetTaps(LmslTapState* tapState, FloatCplx* dst);
+ARKPX_API void arkzLmslGetTaps(LmslTapState* tapState, DoubleCplx* dst);
+ARKPX_API void arkwLmslGetTaps(LmslTapState* tapState, short* dst);
+
+ARKPX_API void arksLmslSetDlyl(const LmslTapState* tapState, const float* src, LmslDlyState* dlyState);
+ARKPX_API void arkdLmslSetDlyl(const LmslTapState* tapState, const double* src, LmslDlyState* dlyState);
+ARKPX_API void arkcLmslSetDlyl(const LmslTapState* tapState, const FloatCplx* src, LmslDlyState* dlyState);
+ARKPX_API void arkzLmslSetDlyl(const LmslTapState* tapState, const DoubleCplx* src, LmslDlyState* dlyState);
+ARKPX_API void arkwLmslSetDlyl(const LmslTapState* tapState, const short* src, LmslDlyState* dlyState);
+
+ARKPX_API void arksLmslGetDlyl(const LmslTapState* tapState, LmslDlyState* dlyState, float* dst);
+ARKPX_API void arkdLmslGetDlyl(const LmslTapState* tapState, LmslDlyState* dlyState, double* dst);
+ARKPX_API void arkcLmslGetDlyl(const LmslTapState* tapState, LmslDlyState* dlyState, FloatCplx* dst);
+ARKPX_API void arkzLmslGetDlyl(const LmslTapState* tapState, LmslDlyState* dlyState, DoubleCplx* dst);
+ARKPX_API void arkwLmslGetDlyl(const LmslTapState* tapState, LmslDlyState* dlyState, short* dst);
+
+ARKPX_API float      arksLmsl(const LmslTapState* tapState, LmslDlyState* dlyState, float sample, float err);
+ARKPX_API double     arkdLmsl(const LmslTapState* tapState, LmslDlyState* dlyState, double sample, double err);
+ARKPX_API FloatCplx  arkcLmsl(const LmslTapState* tapState, LmslDlyState* dlyState, FloatCplx sample, FloatCplx err);
+ARKPX_API DoubleCplx arkzLmsl(const LmslTapState* tapState, LmslDlyState* dlyState, DoubleCplx sample, DoubleCplx err);
+ARKPX_API FloatCplx  arkscLmsl(const LmslTapState* tapState, LmslDlyState* dlyState, float sample, FloatCplx err);
+ARKPX_API DoubleCplx arkdzLmsl(const LmslTapState* tapState, LmslDlyState* dlyState, double sample, DoubleCplx err);
+ARKPX_API short      arkwLmsl(const LmslTapState* tapState, LmslDlyState* dlyState, short sample, short err);
+
+ARKPX_API float      arksbLmsl(const LmslTapState* tapState, LmslDlyState* dlyState, const float* src, float err);
+ARKPX_API double     arkdbLmsl(const LmslTapState* tapState, LmslDlyState* dlyState, const double* src, double err);
+ARKPX_API FloatCplx  arkcbLmsl(const LmslTapState* tapState, LmslDlyState* dlyState, const FloatCplx* src, FloatCplx err);
+ARKPX_API DoubleCplx arkzbLmsl(const LmslTapState* tapState, LmslDlyState* dlyState, const DoubleCplx* src,
+                               DoubleCplx err);
+ARKPX_API FloatCplx  arkscbLmsl(const LmslTapState* tapState, LmslDlyState* dlyState, const float* src, FloatCplx err);
+ARKPX_API DoubleCplx arkdzbLmsl(const LmslTapState* tapState, LmslDlyState* dlyState, const double* src, DoubleCplx err);
+
+ARKPX_API float      arksLmslNa(const LmslTapState* tapState, LmslDlyState* dlyState, float sample);
+ARKPX_API double     arkdLmslNa(const LmslTapState* tapState, LmslDlyState* dlyState, double sample);
+ARKPX_API FloatCplx  arkcLmslNa(const LmslTapState* tapState, LmslDlyState* dlyState, FloatCplx sample);
+ARKPX_API DoubleCplx arkzLmslNa(const LmslTapState* tapState, LmslDlyState* dlyState, DoubleCplx sample);
+ARKPX_API FloatCplx  arkscLmslNa(const LmslTapState* tapState, LmslDlyState* dlyState, float sample);
+ARKPX_API FloatCplx  arkcsLmslNa(const LmslTapState* tapState, LmslDlyState* dlyState, FloatCplx sample);
+ARKPX_API DoubleCplx arkdzLmslNa(const LmslTapState* tapState, LmslDlyState* dlyState, double sample);
+ARKPX_API DoubleCplx arkzdLmslNa(const LmslTapState* tapState, LmslDlyState* dlyState, DoubleCplx sample);
+
+ARKPX_API void arksbLmslNa(const LmslTapState* tapState, LmslDlyState* dlyState, const float* src, float* dst,
+                           int numIters);
+ARKPX_API void arkdbLmslNa(const LmslTapState* tapState, LmslDlyState* dlyState, const double* src, double* dst,
+                           int numIters);
+ARKPX_API void arkcbLmslNa(const LmslTapState* tapState, LmslDlyState* dlyState, const FloatCplx* src, FloatCplx* dst,
+                           int numIters);
+ARKPX_API void arkzbLmslNa(const LmslTapState* tapState, LmslDlyState* dlyState, const DoubleCplx* src, DoubleCplx* dst,
+                           int numIters);
+ARKPX_API void arkscbLmslNa(const LmslTapState* tapState, LmslDlyState* dlyState, const float* src, FloatCplx* dst,
+                            int numIters);
+ARKPX_API void arkcsbLmslNa(const LmslTapState* tapState, LmslDlyState* dlyState, const FloatCplx* src, FloatCplx* dst,
+                            int numIters);
+ARKPX_API void arkdzbLmslNa(const LmslTapState* tapState, LmslDlyState* dlyState, const double* src, DoubleCplx* dst,
+                            int numIters);
+ARKPX_API void arkzdbLmslNa(const LmslTapState* tapState, LmslDlyState* dlyState, const DoubleCplx* src, DoubleCplx* dst,
+                            int numIters);
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * LMS filter objects
+ *
+ * An LmsState record is the caller's; taps and delay line behind it are the library's, from Init to arkLmsFree. An Init
+ * takes any record for an empty one: free an object before making another in its place. A record that never was an
+ * object must be zeroed before it is freed; freeing twice does no harm.
+ *
+ * Init takes tapsLen taps (taps[0] meets the newest sample; null: zeros) and as history dlyl dlylLen - 1 = tapsLen +
+ * errDelay - 1 samples, oldest first (null: zeros). Set and Get exchange them in these orders at any time, samples that
+ * are older stay; null sources mean zeros everywhere. An sc object's taps go through
+ * arkcLmsSetTaps, its error value through arkcLmsSetErrVal, its history through arksLmsSetDlyl; dz likewise through z
+ * and d.
+ *
+ *   arkxLms        one step with one sample and an error; a step <= 0 leaves the taps alone, and the leak out
+ *   arkxbLms       one decimating step: downFactor samples in, one output
+ *   arkxLmsDes     one step with one sample that computes the error itself: the update uses errVal, which then becomes
+ *                  desired - output. Unlike above, a step <= 0 counts as any other: the update runs, with the leak
+ *   arkxbLmsDes    numIters steps of arkxLmsDes: src, desired and dst have numIters elements; dst may be src or desired
+ *
+ * Reports, in this order. Module arklmsh.
+ *   Init      "Null buffer pointer" (state); "Invalid buffer length" (tapsLen < 1); "Invalid error delay value" (errDelay
+ *             < 0); InitMr: "Invalid factor value" (downPhase < 0); "Invalid factor value" (downFactor <= downPhase); then
+ *             ARK_StatusOutOfMemory "Problem to allocate memory"
+ *   Lms, bLms, LmsDes, bLmsDes    "Null buffer pointer" (state); "Taps state structure is not initialized"; "Delay line
+ *             state structure is not initialized"; "Null buffer pointer" (arrays); bLmsDes: "Bad value of number of
+ *             iterations" (numIters < 1)
+ *   SetTaps, GetTaps, SetDlyl, GetDlyl    "Null buffer pointer" (state); the message of the absent one; "Null buffer
+ *             pointer" (dst)
+ *   others    "Null buffer pointer"
+ * Allocates: Init only.
+ * --------------------------------------------------------------------------------------------------------------- */
+typedef union LmsErrVal {
+    float      s;
+    double     d;
+    FloatCplx  c;
+    DoubleCplx z;
+} LmsErrVal;
+
+typedef struct LmsState {
+    void*     taps;
+    int       tapsLen;
+    int       upFactor;     /* 1 */
+    int       upPhase;      /* 0 */
+    int       downFactor;
+    int       downPhase;
+    int       isMultiRate;  /* 1 when downFactor is 2 or more */
+    int       isFilterMode; /* 1 */
+    float     leak;
+    float     step;
+    int       errDelay;
+    int       lmsType;
+    void*     dlyl;         /* newest sample first */
+    int       dlylLen;      /* tapsLen + errDelay; the array has downFactor elements more */
+    int       hasTaps;
+    int       hasDlyl;
+    int       hasBoth;
+    LmsErrVal errVal;       /* in the member of the result's type; 0 after Init */
+} LmsState;
+
+ARKPX_API void arksLmsInit(int lmsType, const float* taps, int tapsLen, const float* dlyl, float step, float leak,
+                           int errDelay, LmsState* state);
+ARKPX_API void arkdLmsInit(int lmsType, const double* taps, int tapsLen, const double* dlyl, float step, float leak,
+                           int errDelay, LmsState* state);
+ARKPX_API void arkcLmsInit(int lmsType, const FloatCplx* taps, int tapsLen, const FloatCplx* dlyl, float step, float leak,
+                           int errDelay, LmsState* state);
+ARKPX_API void arkzLmsInit(int lmsType, const DoubleCplx* taps, int tapsLen, const DoubleCplx* dlyl, float step,
+                           float leak, int errDelay, LmsState* state);
+ARKPX_API void arkscLmsInit(int lmsType, const FloatCplx* taps, int tapsLen, const float* dlyl, float step, float leak,
+                            int errDelay, LmsState* state);
+ARKPX_API void arkdzLmsInit(int lmsType, const DoubleCplx* taps, int tapsLen, const double* dlyl, float step, float leak,
+                            int errDelay, LmsState* state);
+
+ARKPX_API void arksLmsInitMr(int lmsType, const float* taps, int tapsLen, const float* dlyl, float step, float leak,
+                             int errDelay, int downFactor, int downPhase, LmsState* state);
+ARKPX_API void arkdLmsInitMr(int lmsType, const double* taps, int tapsLen, const double* dlyl, float step, float leak,
+                             int errDelay, int downFactor, int downPhase, LmsState* state);
+ARKPX_API void arkcLmsInitMr(int lmsType, const FloatCplx* taps, int tapsLen, const FloatCplx* dlyl, float step,
+                             float leak, int errDelay, int downFactor, int downPhase, LmsState* state);
+ARKPX_API void arkzLmsInitMr(int lmsType, const DoubleCplx* taps, int tapsLen, const DoubleCplx* dlyl, float step,
+                             float leak, int errDelay, int downFactor, int downPhase, LmsState* state);
+ARKPX_API void arkscLmsInitMr(int lmsType, const FloatCplx* taps, int tapsLen, const float* dlyl, float step, float leak,
+                              int errDelay, int downFactor, int downPhase, LmsState* state);
+ARKPX_API void arkdzLmsInitMr(int lmsType, const DoubleCplx* taps, int tapsLen, const double* dlyl, float step, float leak,
+                              int errDelay, int downFactor, int downPhase, LmsState* state);
+
+ARKPX_API float arksLmsGetStep(const LmsState* state);
+ARKPX_API float arkdLmsGetStep(const LmsState* state);
+ARKPX_API float arkcLmsGetStep(const LmsState* state);
+ARKPX_API float arkzLmsGetStep(const LmsState* state);
+
+ARKPX_API void arksLmsSetStep(LmsState* state, float step);
+ARKPX_API void arkdLmsSetStep(LmsState* state, float step);
+ARKPX_API void arkcLmsSetStep(LmsState* state, float step);
+ARKPX_API void arkzLmsSetStep(LmsState* state, float step);
+
+ARKPX_API float arksLmsGetLeak(const LmsState* state);
+ARKPX_API float arkdLmsGetLeak(const LmsState* state);
+ARKPX_API float arkcLmsGetLeak(const LmsState* state);
+ARKPX_API float arkzLmsGetLeak(const LmsState* state);
+
+ARKPX_API void arksLmsSetLeak(LmsState* state, float leak);
+ARKPX_API void arkdLmsSetLeak(LmsState* state, float leak);
+ARKPX_API void arkcLmsSetLeak(LmsState* state, float leak);
+ARKPX_API void arkzLmsSetLeak(LmsState* state, float leak);
+
+ARKPX_API float      arksLmsGetErrVal(const LmsState* state);
+ARKPX_API double     arkdLmsGetErrVal(const LmsState* state);
+ARKPX_API FloatCplx  arkcLmsGetErrVal(const LmsState* state);
+ARKPX_API DoubleCplx arkzLmsGetErrVal(const LmsState* state);
+
+ARKPX_API void arksLmsSetErrVal(LmsState* state, float errVal);
+ARKPX_API void arkdLmsSetErrVal(LmsState* state, double errVal);
+ARKPX_API void arkcLmsSetErrVal(LmsState* state, FloatCplx errVal);
+ARKPX_API void arkzLmsSetErrVal(LmsState* state, DoubleCplx errVal);
+
+ARKPX_API void arksLmsSetTaps(const float* src, LmsState* state);
+ARKPX_API void arkdLmsSetTaps(const double* src, LmsState* state);
+ARKPX_API void arkcLmsSetTaps(const FloatCplx* src, LmsState* state);
+ARKPX_API void arkzLmsSetTaps(const DoubleCplx* src, LmsState* state);
+
+ARKPX_API void arksLmsGetTaps(const LmsState* state, float* dst);
+ARKPX_API void arkdLmsGetTaps(const LmsState* state, double* dst);
+ARKPX_API void arkcLmsGetTaps(const LmsState* state, FloatCplx* dst);
+ARKPX_API void arkzLmsGetTaps(const LmsState* state, DoubleCplx* dst);
+
+ARKPX_API void arksLmsSetDlyl(const float* src, LmsState* state);
+ARKPX_API void arkdLmsSetDlyl(const double* src, LmsState* state);
+ARKPX_API void arkcLmsSetDlyl(const FloatCplx* src, LmsState* state);
+ARKPX_API void arkzLmsSetDlyl(const DoubleCplx* src, LmsState* state);
+
+ARKPX_API void arksLmsGetDlyl(const LmsState* state, float* dst);
+ARKPX_API void arkdLmsGetDlyl(const LmsState* state, double* dst);
+ARKPX_API void arkcLmsGetDlyl(const LmsState* state, FloatCplx* dst);
+ARKPX_API void arkzLmsGetDlyl(const LmsState* state, DoubleCplx* dst);
+
+ARKPX_API float      arksLms(LmsState* state, float sample, float err);
+ARKPX_API double     arkdLms(LmsState* state, double sample, double err);
+ARKPX_API FloatCplx  arkcLms(LmsState* state, FloatCplx sample, FloatCplx err);
+ARKPX_API DoubleCplx arkzLms(LmsState* state, DoubleCplx sample, DoubleCplx err);
+ARKPX_API FloatCplx  arkscLms(LmsState* state, float sample, FloatCplx err);
+ARKPX_API DoubleCplx arkdzLms(LmsState* state, double sample, DoubleCplx err);
+
+ARKPX_API float      arksbLms(LmsState* state, const float* src, float err);
+ARKPX_API double     arkdbLms(LmsState* state, const double* src, double err);
+ARKPX_API FloatCplx  arkcbLms(LmsState* state, const FloatCplx* src, FloatCplx err);
+ARKPX_API DoubleCplx arkzbLms(LmsState* state, const DoubleCplx* src, DoubleCplx err);
+ARKPX_API FloatCplx  arkscbLms(LmsState* state, const float* src, FloatCplx err);
+ARKPX_API DoubleCplx arkdzbLms(LmsState* state, const double* src, DoubleCplx err);
+
+ARKPX_API float      arksLmsDes(LmsState* state, float sample, float desired);
+ARKPX_API double     arkdLmsDes(LmsState* state, double sample, double desired);
+ARKPX_API FloatCplx  arkcLmsDes(LmsState* state, FloatCplx sample, FloatCplx desired);
+ARKPX_API DoubleCplx arkzLmsDes(LmsState* state, DoubleCplx sample, DoubleCplx desired);
+ARKPX_API FloatCplx  arkscLmsDes(LmsState* state, float sample, FloatCplx desired);
+ARKPX_API DoubleCplx arkdzLmsDes(LmsState* state, double sample, DoubleCplx desired);
+
+ARKPX_API void arksbLmsDes(LmsState* state, const float* src, const float* desired, float* dst, int numIters);
+ARKPX_API void arkdbLmsDes(LmsState* state, const double* src, const double* desired, double* dst, int numIters);
+ARKPX_API void arkcbLmsDes(LmsState* state, const FloatCplx* src, const FloatCplx* desired, FloatCplx* dst, int numIters);
+ARKPX_API void arkzbLmsDes(LmsState* state, const DoubleCplx* src, const DoubleCplx* desired, DoubleCplx* dst,
+                           int numIters);
+ARKPX_API void arkscbLmsDes(LmsState* state, const float* src, const FloatCplx* desired, FloatCplx* dst, int numIters);
+ARKPX_API void arkdzbLmsDes(LmsState* state, const double* src, const DoubleCplx* desired, DoubleCplx* dst, int numIters);
+
+ARKPX_API void arkLmsFree(LmsState* state);
+
 #ifdef __cplusplus
 }
 #endif

@@ -91,13 +91,6 @@ FirOutput<X, T> innerProduct(const T* taps, const X* x, std::ptrdiff_t n)
 // ---- delay lines, newest sample first ----
 
 template <class X>
-void enter(X* dlyl, std::ptrdiff_t dlylLen, X sample)
-{
-    std::memmove(dlyl + 1, dlyl, std::size_t(dlylLen - 1) * sizeof(X));
-    dlyl[0] = sample;
-}
-
-template <class X>
 void enter(X* dlyl, std::ptrdiff_t dlylLen, const X* src, std::ptrdiff_t n)
 {
     const std::ptrdiff_t kept = std::max<std::ptrdiff_t>(dlylLen - n, 0);
@@ -117,7 +110,7 @@ struct DelayLineFilter {
 
     FirOutput<X, T> step(X sample) const
     {
-        enter(dlyl, dlylLen, sample);
+        enter(dlyl, dlylLen, &sample, 1);
         return innerProduct(taps, dlyl, std::min<std::ptrdiff_t>(tapsLen, dlylLen));
     }
 

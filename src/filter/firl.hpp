@@ -159,7 +159,7 @@ inline short wFirl(Where at, const FirlTapState* tapState, const FirlDlyState* d
         return 0;
     const short* taps = static_cast<const short*>(tapState->taps);
     short* dlyl = static_cast<short*>(dlyState->dlyl);
-    enter(dlyl, dlyState->dlylLen, sample);
+    enter<short>(dlyl, dlyState->dlylLen, &sample, 1);
     unsigned sum = 0; // wraps
     const int n = std::min(tapState->tapsLen, dlyState->dlylLen);
     for (int k = 0; k < n; k++)

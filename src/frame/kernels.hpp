@@ -13,6 +13,7 @@
 #pragma once
 
 #include "filter/arkfir_kernels.hpp"
+#include "filter/arklms_kernels.hpp"
 #include "vector/arkarith_kernels.hpp"
 #include "vector/arkaritw_kernels.hpp"
 #include "vector/arkcvrt_kernels.hpp"
@@ -43,7 +44,13 @@ struct Kernels : KernelSlot<FillKernels>,
                  KernelSlot<FirKernels<FloatCplx, float>>,
                  KernelSlot<FirKernels<double, DoubleCplx>>,
                  KernelSlot<FirKernels<DoubleCplx, double>>,
-                 KernelSlot<FirKernels<short, float>> {};
+                 KernelSlot<FirKernels<short, float>>,
+                 KernelSlot<LmsKernels<float, float>>,
+                 KernelSlot<LmsKernels<double, double>>,
+                 KernelSlot<LmsKernels<FloatCplx, FloatCplx>>,
+                 KernelSlot<LmsKernels<DoubleCplx, DoubleCplx>>,
+                 KernelSlot<LmsKernels<float, FloatCplx>>,
+                 KernelSlot<LmsKernels<double, DoubleCplx>> {};
 
 namespace sse2 {
 extern const Kernels kernels;

@@ -47,6 +47,22 @@ TEST(FilterHeap, ShortBlocksFail)
     }
 }
 
+TEST(FilterHeap, LmsObjectsFailToBeMade)
+{
+    for (int blocks = 0; blocks < 2; blocks++) {
+        LmsState state{};
+        Reports reports;
+        {
+            const EmptyHeap empty{blocks};
+            arkdLmsInit(0, nullptr, 5, nullptr, 0, 0, 1, &state);
+        }
+        EXPECT_EQ(state.taps, nullptr);
+        EXPECT_EQ(state.hasTaps, 0);
+        EXPECT_EQ(arkGetErrStatus(), ARK_StatusOutOfMemory);
+        EXPECT_EQ(reports.messages(), std::vector<std::string>{"Problem to allocate memory"});
+    }
+}
+
 TEST(FilterHeap, FilteringAllocatesNothing)
 {
     std::vector<float> taps(300, 1), dlyl(301), src(2000, 1), dst(4000);
@@ -59,6 +75,8 @@ TEST(FilterHeap, FilteringAllocatesNothing)
     arkwFirInitMr(taps.data(), 300, nullptr, 2, 0, 3, 0, &shortState);
     arksFirlInit(taps.data(), 300, &tapState);
     arksFirlInitDlyl(&tapState, dlyl.data(), &dlyState);
+    LmsState lms{};
+    arksLmsInit(0, nullptr, 300, nullptr, 0.001f, 0, 3, &lms);
     {
         const EmptyHeap empty;
         arksFirlSetDlyl(&tapState, nullptr, &dlyState);
@@ -67,11 +85,13 @@ TEST(FilterHeap, FilteringAllocatesNothing)
         arksbFir(&state, src.data(), dst.data(), 600);
         int factor;
         arkwbFir(&shortState, shorts.data(), shortDst.data(), 600, ARK_AUTO_SCALE, &factor);
+        arksbLmsDes(&lms, src.data(), src.data(), dst.data() + 1200, 1000);
     }
     EXPECT_EQ(dst[1199], 150);
     EXPECT_EQ(shortDst[1199], 150);
     arkFirFree(&state);
     arkFirFree(&shortState);
+    arkLmsFree(&lms);
 }
 
 } // namespace
