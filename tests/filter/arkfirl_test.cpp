@@ -184,9 +184,9 @@ TEST(Firl, Of16BitsScales)
         FirlTapState tapState;
         FirlDlyState dlyState;
         Guarded<short> tapArray{taps}, dlyl{taps.size() + 1};
-        arkwFirlInitMr(tapArray.data(), int(taps.size()), rate.up, rate.upPhase, rate.down, rate.downPhase, &tapState);
-        arkwFirlInitDlyl(&tapState, dlyl.data(), &dlyState);
-        arkwFirlSetDlyl(&tapState, nullptr, &dlyState);
+        records<short>.initMr(tapArray.data(), int(taps.size()), rate.up, rate.upPhase, rate.down, rate.downPhase, &tapState);
+        records<short>.initDlyl(&tapState, dlyl.data(), &dlyState);
+        records<short>.setDlyl(&tapState, nullptr, &dlyState);
         for (int block = 0; block < 3; block++) {
             const int numIters = randomInt(1, 40);
             Guarded<short> src{fir::anyValues<short>(numIters * rate.down)}, dst{std::size_t(numIters * rate.up)};
@@ -202,7 +202,13 @@ TEST(Firl, Of16BitsScales)
             factor = rule.factor;
             ASSERT_EQ(arkwFirl(&tapState, &dlyState, sample, rule.mode, &factor), one(model.filter({sample}), &chosen)[0]);
         }
-        EXPECT_EQ(tapArray.values(), taps);
+        Guarded<short> back{taps.size()}, history{std::size_t(dlyState.dlylLen - !rate.isMulti())};
+        records<short>.getTaps(&tapState, back.data());
+        EXPECT_EQ(back.values(), taps);
+        records<short>.getDlyl(&tapState, &dlyState, history.data());
+        EXPECT_EQ(history.values(), model.history(int(history.values().size())));
+        records<short>.setTaps(nullptr, &tapState);
+        EXPECT_EQ(tapArray.values(), std::vector<short>(taps.size()));
     }
 }
 

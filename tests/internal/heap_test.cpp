@@ -11,7 +11,7 @@
 #include <cstdlib>
 #include <thread>
 
-thread_local int heapBlocksLeft = INT_MAX;
+int heapBlocksLeft = INT_MAX;
 
 static bool heapGives() { return heapBlocksLeft == INT_MAX || heapBlocksLeft-- > 0; }
 
