@@ -1,8 +1,8 @@
 // Inner products of filters. Compiled with -ffp-contract=fast.
 //
 // Two ways to fill a register. Consecutive outputs of consecutive inputs (step 1) are computed side by side: lanes are
-// outputs, taps are broadcast, and one register of data serves several taps, namely those a register's length apart. All
-// others (few outputs, or steps over the data) are inner products: lanes are taps, several outputs share the taps.
+// outputs, taps are broadcast, and one register of data serves several taps, namely those a register's length apart.
+// All others (few outputs, or steps over the data) are inner products: lanes are taps, several outputs share the taps.
 #include "frame/kernels.hpp"
 #include "frame/simd.hpp"
 
@@ -113,7 +113,8 @@ struct Tile {
             add<rows, 1>(sums, run.taps + k * run.tapStep, 0, x + k);
         Y* dst = run.dst + i * run.dstStep;
         unrolled<rows>([&](auto row) ARK_UNROLLED {
-            const D real = sums.part[0][decltype(row)::value], imaginary = sums.part[tapParts - 1][decltype(row)::value];
+            const D real = sums.part[0][decltype(row)::value],
+                    imaginary = sums.part[tapParts - 1][decltype(row)::value];
             if (run.dstStep == 1)
                 return storeRow(partsOf(dst + decltype(row)::value * elements), real, imaginary);
             Y out[elements];
@@ -229,8 +230,8 @@ struct Inner {
 
     static ARK_INLINE void addOne(Sum& sum, const T* h, const X* x)
     {
-        const auto *a = partsOf(h);
-        const auto *b = partsOf(x);
+        const auto* a = partsOf(h);
+        const auto* b = partsOf(x);
         sum.re += double(a[0]) * double(b[0]);
         if constexpr (dataParts == 2 && tapParts == 2) {
             sum.re -= double(a[1]) * double(b[1]);
@@ -261,9 +262,8 @@ struct Inner {
                 });
         for (; k + chunk <= n; k += chunk) {
             const Registers taps = loadTaps(h + k);
-            unrolled<count>([&](auto i) ARK_UNROLLED {
-                add(acc[decltype(i)::value][0], taps, x + decltype(i)::value * step + k);
-            });
+            unrolled<count>(
+                [&](auto i) ARK_UNROLLED { add(acc[decltype(i)::value][0], taps, x + decltype(i)::value * step + k); });
         }
         if (k < n) { // the last chunk goes back over taps that are done
             const std::ptrdiff_t last = n - chunk;

@@ -75,8 +75,9 @@ void eachPhase(Rate rate, const X* seq, std::ptrdiff_t cycles, const PhaseOf& ph
 {
     for (int k = 0; k < rate.up; k++) {
         const Phase<T> phase = phaseOf(k);
-        store(FirRun<X, T>{phase.taps, phase.tapStep, phase.len, seq + phase.start, rate.down, nullptr, rate.up, cycles},
-              k);
+        store(
+            FirRun<X, T>{phase.taps, phase.tapStep, phase.len, seq + phase.start, rate.down, nullptr, rate.up, cycles},
+            k);
     }
 }
 

@@ -204,8 +204,8 @@ FirOutput<X, T> oneSample(FirState& state, X sample)
     return sum;
 }
 
-// Blocks: the history, with the first of the new samples behind it, lies in the object's buffer; all further outputs are
-// computed where the caller's samples lie.
+// Blocks: the history, with the first of the new samples behind it, lies in the object's buffer; all further outputs
+// are computed where the caller's samples lie.
 
 // Brings the history to the start of the buffer and new samples behind it. How many cycles the buffer now serves.
 template <class X>
@@ -223,7 +223,8 @@ std::ptrdiff_t fillBuffer(FirState& state, const X* src, std::ptrdiff_t cycles)
 
 // What fillBuffer has prepared, filtered.
 template <class X, class T, class Store>
-void filterBlock(const FirState& state, const X* src, std::ptrdiff_t cycles, std::ptrdiff_t inBuffer, const Store& store)
+void filterBlock(const FirState& state, const X* src, std::ptrdiff_t cycles, std::ptrdiff_t inBuffer,
+                 const Store& store)
 {
     const auto part = [&](const X* seq, std::ptrdiff_t from, std::ptrdiff_t n) {
         if (n > 0)
@@ -320,9 +321,8 @@ inline void wbFir(Where at, FirState* state, const short* src, short* dst, int n
         return;
     const std::ptrdiff_t inBuffer = fillBuffer(*state, src, numIters);
     const auto each = [&](const auto& use) {
-        filterBlock<short, float>(*state, src, numIters, inBuffer, [&](FirRun<short, float> run, std::ptrdiff_t first) {
-            eachSum(run, first, use);
-        });
+        filterBlock<short, float>(*state, src, numIters, inBuffer,
+                                  [&](FirRun<short, float> run, std::ptrdiff_t first) { eachSum(run, first, use); });
     };
     if (scaling.mode == ARK_AUTO_SCALE) {
         double extremes[2] = {};

@@ -6,15 +6,15 @@
 namespace ark {
 
 template <class Y>
-inline constexpr Y LmsErrVal::* errValOf = nullptr;
+inline constexpr Y LmsErrVal::*errValOf = nullptr;
 template <>
-inline constexpr float LmsErrVal::* errValOf<float> = &LmsErrVal::s;
+inline constexpr float LmsErrVal::*errValOf<float> = &LmsErrVal::s;
 template <>
-inline constexpr double LmsErrVal::* errValOf<double> = &LmsErrVal::d;
+inline constexpr double LmsErrVal::*errValOf<double> = &LmsErrVal::d;
 template <>
-inline constexpr FloatCplx LmsErrVal::* errValOf<FloatCplx> = &LmsErrVal::c;
+inline constexpr FloatCplx LmsErrVal::*errValOf<FloatCplx> = &LmsErrVal::c;
 template <>
-inline constexpr DoubleCplx LmsErrVal::* errValOf<DoubleCplx> = &LmsErrVal::z;
+inline constexpr DoubleCplx LmsErrVal::*errValOf<DoubleCplx> = &LmsErrVal::z;
 
 // The delay line has room for a decimating step's samples behind its dlylLen elements.
 template <class X>
@@ -210,7 +210,8 @@ FirOutput<X, T> lmsDes(Where at, LmsState* state, X sample, FirOutput<X, T> desi
 }
 
 template <class X, class T>
-void bLmsDes(Where at, LmsState* state, const X* src, const FirOutput<X, T>* desired, FirOutput<X, T>* dst, int numIters)
+void bLmsDes(Where at, LmsState* state, const X* src, const FirOutput<X, T>* desired, FirOutput<X, T>* dst,
+             int numIters)
 {
     if (!goodLms(at, state, src && desired && dst, numIters))
         return;

@@ -59,13 +59,13 @@ void lmslInitDlyl(Where at, const LmslTapState* tapState, X* dlyl, int flag, Lms
 // ---- fields of a record ----
 
 template <class State, class Owner, class Value>
-Value getField(Where at, const State* state, Value Owner::* field)
+Value getField(Where at, const State* state, Value Owner::*field)
 {
     return firstGood(at, {{!state, "Null buffer pointer"}}) ? state->*field : Value{};
 }
 
 template <class State, class Owner, class Value>
-void setField(Where at, State* state, Value Owner::* field, Value value)
+void setField(Where at, State* state, Value Owner::*field, Value value)
 {
     if (firstGood(at, {{!state, "Null buffer pointer"}}))
         state->*field = value;

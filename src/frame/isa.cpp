@@ -31,9 +31,9 @@ extern const LmsKernels<float, FloatCplx> lmsSC;
 extern const LmsKernels<double, DoubleCplx> lmsDZ;
 
 // In the order of the bases of Kernels.
-constinit const Kernels kernels{{fill},  {arithS}, {arithD}, {arithC},   {arithZ},  {conjC},
-                                {conjZ}, {conjV},  {arithW}, {convertS}, {convertD},
-                                {firS}, {firD}, {firC}, {firZ}, {firSC}, {firCS}, {firDZ}, {firZD}, {firW},
-                                {lmsS}, {lmsD}, {lmsC}, {lmsZ}, {lmsSC}, {lmsDZ}};
+constinit const Kernels kernels{{fill},  {arithS}, {arithD},   {arithC},   {arithZ}, {conjC}, {conjZ},
+                                {conjV}, {arithW}, {convertS}, {convertD}, {firS},   {firD},  {firC},
+                                {firZ},  {firSC},  {firCS},    {firDZ},    {firZD},  {firW},  {lmsS},
+                                {lmsD},  {lmsC},   {lmsZ},     {lmsSC},    {lmsDZ}};
 
 } // namespace ark::ARK_SET

@@ -157,7 +157,8 @@ TEST(Fir, Of16BitsScales)
                 ASSERT_EQ(factor, f);
             }
             for (std::size_t i = 0; i < sums.size(); i++)
-                ASSERT_EQ(dst[i], scaled(quarters(sums[i]), mode == ARK_AUTO_SCALE ? 2 : mode, factor)) << mode << ' ' << f;
+                ASSERT_EQ(dst[i], scaled(quarters(sums[i]), mode == ARK_AUTO_SCALE ? 2 : mode, factor))
+                    << mode << ' ' << f;
             if (rate.isMulti() || mode == ARK_AUTO_SCALE)
                 continue;
             const short sample = fir::anyValue<short>();
@@ -242,7 +243,8 @@ TEST(Fir, Reports)
     using Messages = std::vector<std::string>;
 
     arksFirInit(taps, 0, nullptr, &state);
-    for (const auto& r : {fir::Rate{0, 0, 1, 0}, {1, 0, 0, 0}, {2, -1, 1, 0}, {2, 2, 1, 0}, {1, 0, 2, -1}, {1, 0, 2, 2}})
+    for (const auto& r :
+         {fir::Rate{0, 0, 1, 0}, {1, 0, 0, 0}, {2, -1, 1, 0}, {2, 2, 1, 0}, {1, 0, 2, -1}, {1, 0, 2, 2}})
         arksFirInitMr(taps, 2, nullptr, r.up, r.upPhase, r.down, r.downPhase, &state);
     arksFirInitMr(taps, 0, nullptr, 1, 0, 1, 0, &state);
     EXPECT_EQ(reports.messages(), Messages(8, "Invalid value"));

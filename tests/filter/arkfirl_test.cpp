@@ -65,7 +65,8 @@ template <class X, class T, class Y>
 class LowLevel {
 public:
     LowLevel(const Member<X, T, Y>& member, const std::vector<T>& taps, fir::Rate rate)
-        : member_{member}, tapArray_{taps.size()},
+        : member_{member},
+          tapArray_{taps.size()},
           dlyl_{rate.isMulti() ? (taps.size() + std::size_t(rate.up) - 1) / std::size_t(rate.up) + 1 : taps.size() + 1}
     {
         const int n = int(taps.size());
@@ -184,7 +185,8 @@ TEST(Firl, Of16BitsScales)
         FirlTapState tapState;
         FirlDlyState dlyState;
         Guarded<short> tapArray{taps}, dlyl{taps.size() + 1};
-        records<short>.initMr(tapArray.data(), int(taps.size()), rate.up, rate.upPhase, rate.down, rate.downPhase, &tapState);
+        records<short>.initMr(tapArray.data(), int(taps.size()), rate.up, rate.upPhase, rate.down, rate.downPhase,
+                              &tapState);
         records<short>.initDlyl(&tapState, dlyl.data(), &dlyState);
         records<short>.setDlyl(&tapState, nullptr, &dlyState);
         for (int block = 0; block < 3; block++) {
@@ -200,7 +202,8 @@ TEST(Firl, Of16BitsScales)
             const short sample = fir::anyValue<short>();
             const Exactly one{rule.mode & 2 ? rule.mode & 3 : 0, rule.factor}; // nothing else scales one sample
             factor = rule.factor;
-            ASSERT_EQ(arkwFirl(&tapState, &dlyState, sample, rule.mode, &factor), one(model.filter({sample}), &chosen)[0]);
+            ASSERT_EQ(arkwFirl(&tapState, &dlyState, sample, rule.mode, &factor),
+                      one(model.filter({sample}), &chosen)[0]);
         }
         Guarded<short> back{taps.size()}, history{std::size_t(dlyState.dlylLen - !rate.isMulti())};
         records<short>.getTaps(&tapState, back.data());

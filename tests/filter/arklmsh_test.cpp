@@ -156,9 +156,9 @@ TEST(Lms, LearnsByDefinition)
                                                    arkdLmsSetDlyl, arkzLmsGetErrVal, arkzLmsSetErrVal});
 }
 
-// A known system, white noise of power 1/3 through it, measured with noise of power q. In the end the output differs from
-// the system's by the misadjustment step N p / (2 - step N p) times q (independence theory, which is good to some per
-// cent for small steps).
+// A known system, white noise of power 1/3 through it, measured with noise of power q. In the end the output differs
+// from the system's by the misadjustment step N p / (2 - step N p) times q (independence theory, which is good to some
+// per cent for small steps).
 TEST(Lms, FindsAKnownSystem)
 {
     constexpr int taps = 16, samples = 400000;
@@ -200,8 +200,8 @@ TEST(Lms, FieldsReportsAndFree)
     arksLmsInit(0, taps, 3, nullptr, 0, 0, -1, &state);
     arksLmsInitMr(0, taps, 3, nullptr, 0, 0, 0, 0, -1, &state);
     arksLmsInitMr(0, taps, 3, nullptr, 0, 0, 0, 0, 0, &state);
-    EXPECT_EQ(reports.messages(), (Messages{"Invalid buffer length", "Invalid error delay value", "Invalid factor value",
-                                            "Invalid factor value"}));
+    EXPECT_EQ(reports.messages(), (Messages{"Invalid buffer length", "Invalid error delay value",
+                                            "Invalid factor value", "Invalid factor value"}));
     arksLmsInit(0, taps, 3, nullptr, 0, 0, INT_MAX, &state);
     EXPECT_EQ(arkGetErrStatus(), ARK_StatusOutOfMemory);
     EXPECT_EQ(reports.messages(), Messages{"Problem to allocate memory"});

@@ -21,11 +21,7 @@ using Exact = std::complex<long double>;
 inline Exact exact(FloatCplx z) { return {z.re, z.im}; }
 inline Exact exact(DoubleCplx z) { return {static_cast<long double>(z.re), static_cast<long double>(z.im)}; }
 template <class T>
-    requires std::is_arithmetic_v<T>
-Exact exact(T x)
-{
-    return static_cast<long double>(x);
-}
+requires std::is_arithmetic_v<T> Exact exact(T x) { return static_cast<long double>(x); }
 
 // Random values between -1 and 1, or 16-bit numbers.
 template <class T>

@@ -35,7 +35,8 @@ inline Parameters anyParameters()
 template <class X, class T>
 class Model {
 public:
-    Model(const std::vector<T>& taps, const Parameters& p, int historyLen) : taps_{taps}, p_{p}, historyLen_{historyLen} {}
+    Model(const std::vector<T>& taps, const Parameters& p, int historyLen) : taps_{taps}, p_{p}, historyLen_{historyLen}
+    {}
 
     // What is older than the given samples stays.
     void setHistory(const std::vector<X>& oldestFirst)
@@ -53,7 +54,8 @@ public:
         if (updates)
             for (int i = 0; i < p_.tapsLen; i++)
                 taps_[std::size_t(i)] = narrowed<T>((1.0L - p_.leak) * exact(taps_[std::size_t(i)]) +
-                                       static_cast<long double>(p_.step) * err * std::conj(exact(age(base + p_.errDelay + i))));
+                                                    static_cast<long double>(p_.step) * err *
+                                                        std::conj(exact(age(base + p_.errDelay + i))));
         past_.insert(past_.end(), samples.begin(), samples.end());
         Exact sum;
         for (int i = 0; i < p_.tapsLen; i++)

@@ -22,10 +22,7 @@ void* __wrap_malloc(std::size_t size);
 void* __wrap_calloc(std::size_t count, std::size_t size);
 
 void* __wrap_malloc(std::size_t size) { return heapGives() ? __real_malloc(size) : nullptr; }
-void* __wrap_calloc(std::size_t count, std::size_t size)
-{
-    return heapGives() ? __real_calloc(count, size) : nullptr;
-}
+void* __wrap_calloc(std::size_t count, std::size_t size) { return heapGives() ? __real_calloc(count, size) : nullptr; }
 }
 
 namespace {
