@@ -193,30 +193,65 @@ Z difference(Z a, Z b)
     return {a.re - b.re, a.im - b.im};
 }
 
-// Unlike the steps with an error from outside, these adapt whatever the step is.
-template <class X, class T>
-FirOutput<X, T> desiredStep(LmsState& state, X sample, FirOutput<X, T> desired)
+// Unlike the steps with an error from outside, this adapts whatever the step is. enterSample() has the sample enter the
+// delay line and returns where it begins then.
+template <class X, class T, class EnterSample>
+FirOutput<X, T> desiredStep(LmsState& state, History<X> before, const EnterSample& enterSample, FirOutput<X, T> desired)
 {
     auto& err = state.errVal.*errValOf<FirOutput<X, T>>;
-    const FirOutput<X, T> output = lmsStep<X, T>(state, historyOf<X>(state), &sample, {}, err, true);
+    adapt<X, T>(state, before, 0, err);
+    const FirOutput<X, T> output = innerProduct(static_cast<const T*>(state.taps), enterSample(), state.tapsLen);
     err = difference(desired, output);
     return output;
+}
+
+// dst may be src or desired.
+template <class X, class T>
+void desiredSteps(LmsState& state, const X* src, const FirOutput<X, T>* desired, FirOutput<X, T>* dst, std::ptrdiff_t n)
+{
+    const History<X> history = historyOf<X>(state);
+    constexpr std::ptrdiff_t windowLen = 16384 / sizeof(X), fewSamples = 4;
+    if (n < fewSamples || history.len > windowLen / 2) {
+        for (std::ptrdiff_t i = 0; i < n; i++) {
+            const auto enterSample = [&] {
+                enter(history.dlyl, history.len, src + i, 1);
+                return history.dlyl;
+            };
+            dst[i] = desiredStep<X, T>(state, history, enterSample, desired[i]);
+        }
+        return;
+    }
+    // New samples, newest first, with the history behind them: the steps move along, the samples stay.
+    X window[windowLen];
+    const std::size_t bytes = std::size_t(history.len) * sizeof(X);
+    for (std::ptrdiff_t done = 0, count; done < n; done += count) {
+        count = std::min(windowLen - history.len, n - done);
+        std::reverse_copy(src + done, src + done + count, window);
+        std::memcpy(window + count, history.dlyl, bytes);
+        for (std::ptrdiff_t i = 0; i < count; i++) {
+            X* const after = window + (count - 1 - i);
+            dst[done + i] = desiredStep<X, T>(
+                state, {after + 1, history.len}, [=] { return after; }, desired[done + i]);
+        }
+        std::memcpy(history.dlyl, window, bytes);
+    }
 }
 
 template <class X, class T>
 FirOutput<X, T> lmsDes(Where at, LmsState* state, X sample, FirOutput<X, T> desired)
 {
-    return goodLms(at, state) ? desiredStep<X, T>(*state, sample, desired) : FirOutput<X, T>{};
+    FirOutput<X, T> output{};
+    if (goodLms(at, state))
+        desiredSteps<X, T>(*state, &sample, &desired, &output, 1);
+    return output;
 }
 
 template <class X, class T>
 void bLmsDes(Where at, LmsState* state, const X* src, const FirOutput<X, T>* desired, FirOutput<X, T>* dst,
              int numIters)
 {
-    if (!goodLms(at, state, src && desired && dst, numIters))
-        return;
-    for (std::ptrdiff_t i = 0; i < numIters; i++)
-        dst[i] = desiredStep<X, T>(*state, src[i], desired[i]);
+    if (goodLms(at, state, src && desired && dst, numIters))
+        desiredSteps<X, T>(*state, src, desired, dst, numIters);
 }
 
 } // namespace ark

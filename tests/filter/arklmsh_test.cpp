@@ -81,7 +81,7 @@ void checkPrograms(const Member<X, T, Y>& member)
                 break;
             case 2: { // desired values, in place
                 member.setErrVal(&state, err);
-                const int n = randomInt(1, 8);
+                const int n = randomInt(1, 12);
                 Guarded<X> samples{fir::anyValues<X>(n)};
                 Guarded<Y> desired{fir::anyValues<Y>(n)};
                 for (int i = 0; i < n; i++) {
