@@ -4,6 +4,9 @@
 
 #include <arkpx.h>
 
+// liquid-dsp declares the functions of its equalisers with a deprecation that was meant for one of them.
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+
 namespace {
 
 using bench::Array, bench::Case, bench::Contenders, bench::noise;

@@ -8,7 +8,11 @@
 #include <complex>
 #include <liquid/liquid.h>
 
-#define LIQUID(object, call) [&] { const auto q = object; return bench::Contender{"liquid", [=] { call; }}; }(),
+#define LIQUID(object, call)                                                                                           \
+    [&] {                                                                                                              \
+        const auto q = object;                                                                                         \
+        return bench::Contender{"liquid", [=] { call; }};                                                              \
+    }(),
 
 namespace bench {
 

@@ -156,6 +156,28 @@ TEST(Lms, LearnsByDefinition)
                                                    arkdLmsSetDlyl, arkzLmsGetErrVal, arkzLmsSetErrVal});
 }
 
+// Blocks of any lengths, longer than what is laid out at once, and delay lines too long to be laid out at all.
+TEST(Lms, BlocksGiveWhatSingleSamplesGive)
+{
+    constexpr int samples = 9000;
+    const std::vector<double> input = fir::anyValues<double>(samples), desired = fir::anyValues<double>(samples);
+    for (const int taps : {5, 1500}) {
+        LmsState single, blocks;
+        arkdLmsInit(0, nullptr, taps, nullptr, 1e-5f, 0, 2, &single);
+        arkdLmsInit(0, nullptr, taps, nullptr, 1e-5f, 0, 2, &blocks);
+        std::vector<double> expected, got(input);
+        for (std::size_t i = 0; i < samples; i++)
+            expected.push_back(arkdLmsDes(&single, input[i], desired[i]));
+        for (int done = 0, n; done < samples; done += n) {
+            n = std::min(samples - done, randomInt(1, 5000));
+            arkdbLmsDes(&blocks, got.data() + done, desired.data() + done, got.data() + done, n);
+        }
+        EXPECT_EQ(got, expected);
+        arkLmsFree(&single);
+        arkLmsFree(&blocks);
+    }
+}
+
 // A known system, white noise of power 1/3 through it, measured with noise of power q. In the end the output differs
 // from the system's by the misadjustment step N p / (2 - step N p) times q (independence theory, which is good to some
 // per cent for small steps).
