@@ -109,6 +109,8 @@ void checkPrograms(const Member<X, T, Y>& member)
                 for (int i = 0; i < historyLen - 1; i++)
                     EXPECT_TRUE(fir::exact(out[std::size_t(historyLen - 2 - i)]) == fir::exact(model.age(i)));
                 const std::vector<X> other = fir::anyValues<X>(historyLen - 1);
+                if (other.empty()) // whose address is null, which means zeros
+                    continue;
                 member.setDlyl(other.data(), &state);
                 model.setHistory(other);
                 continue;

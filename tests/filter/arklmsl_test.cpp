@@ -89,9 +89,9 @@ void checkPrograms(const Member<X, T, Y>& member)
                 member.data.getDlyl(&tapState, &dlyState, out.data());
                 for (int i = 0; i < n; i++)
                     EXPECT_TRUE(fir::exact(out[std::size_t(n - 1 - i)]) == fir::exact(model.age(i)));
-                const std::vector<X> other = fir::anyValues<X>(n);
+                Guarded<X> other{fir::anyValues<X>(n)}; // an address even when there is nothing at it
                 member.data.setDlyl(&tapState, other.data(), &dlyState);
-                model.setHistory(other);
+                model.setHistory(other.values());
             }
             Guarded<X> src{fir::anyValues<X>(decimates ? p.down : 1)};
             const Y got = decimates ? member.block(&tapState, &dlyState, src.data(), err)
