@@ -47,7 +47,7 @@ Outcome scaled(const std::vector<short>& source, short value, int scaleMode, int
 void level(Demo& demo)
 {
     const std::vector<short>& speech = demo.speech.samples;
-    int peak = 0;
+    int peak = 1; // silent recordings are refused
     for (const short x : speech)
         peak = std::max(peak, std::abs(int(x)));
     // An odd number that takes the largest sample to twice full scale at least.
