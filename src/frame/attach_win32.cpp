@@ -7,6 +7,8 @@
 namespace ark {
 namespace {
 
+[[gnu::used]] const char* const notifiedBy = &notifier;
+
 DWORD slot = TLS_OUT_OF_INDEXES;
 int attachedProcesses = 0; // changed inside process notifications only, which the system serialises
 

@@ -1,5 +1,7 @@
 #include "frame/attach_win32.hpp"
 
+const char ark::notifier = 0;
+
 namespace {
 
 void NTAPI onNotification(PVOID, DWORD reason, PVOID) { ark::notify(reason); }

@@ -11,7 +11,7 @@
 
 namespace {
 
-thread_local bool heapIsEmpty = false;
+bool heapIsEmpty = false; // for all threads: on Windows, reaching a thread_local calls malloc
 
 struct EmptyHeap {
     EmptyHeap() { heapIsEmpty = true; }

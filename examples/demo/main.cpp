@@ -1,0 +1,59 @@
+// The main demonstration: what the library does to a recording, in steps. Each step prints what it measured, holds the
+// figures to an expectation and writes what there is to hear.
+#include "demo.hpp"
+
+#include <arkpx.h>
+
+#include <cstdio>
+#include <exception>
+
+namespace demo {
+
+// One file each: step_recordings.cpp and so on.
+void recordings(Demo& demo);
+void level(Demo& demo);
+void mix(Demo& demo);
+void rounding(Demo& demo);
+void stereo(Demo& demo);
+void mistakes(Demo& demo);
+
+namespace {
+
+constexpr struct {
+    const char* title;
+    void (*run)(Demo&);
+} steps[] = {
+    {"The recordings, to floating point and back", recordings},
+    {"The level, changed in 16-bit arithmetic", level},
+    {"Two sounds mixed", mix},
+    {"From floating point to 16 bits: four rounding rules", rounding},
+    {"Stereo as complex numbers: an image turned by 30 degrees", stereo},
+    {"Three mistakes, and what is reported", mistakes},
+};
+
+} // namespace
+} // namespace demo
+
+int main(int argc, char** argv)
+{
+    if (argc < 3 || argc > 4) {
+        std::fprintf(stderr, "usage: arkpx_demo RESULTS_FOLDER RECORDINGS_FOLDER [AUDIO_FILE]\n");
+        return 2;
+    }
+    // Every thread starts in a mode in which a report offers to end the process. This program looks at the status.
+    arkSetErrMode(ARK_ErrModeSilent);
+    try {
+        demo::Demo demo(argv[1], argv[2], argc > 3 ? argv[3] : "");
+        int number = 0;
+        for (const auto& step : demo::steps) {
+            std::printf("\n[%d/%zu] %s\n", ++number, std::size(demo::steps), step.title);
+            std::fflush(stdout);
+            step.run(demo);
+            demo.expect("status at the end of the step", arkErrorStr(arkGetErrStatus()), "No Error");
+        }
+        return demo.finish() ? 0 : 1;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return 1;
+    }
+}
