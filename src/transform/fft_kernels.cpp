@@ -80,16 +80,18 @@ constexpr int odds(int lane, int lanes)
 {
     return evens<P>(lane, lanes) + 1;
 }
-// Halves of a, then of b.
+// Halves and every second block of a, then of b.
+constexpr int lowHalves(int lane, int lanes) { return lane < lanes / 2 ? lane : lane + lanes / 2; }
+constexpr int highHalves(int lane, int lanes) { return lowHalves(lane, lanes) + lanes / 2; }
 template <int P>
-constexpr int blocksLow(int lane, int lanes)
+constexpr int evenBlocks(int lane, int)
 {
-    return lane < lanes / 2 ? lane : lanes + lane - lanes / 2;
+    return lane / P * 2 * P + lane % P;
 }
 template <int P>
-constexpr int blocksHigh(int lane, int lanes)
+constexpr int oddBlocks(int lane, int lanes)
 {
-    return blocksLow<P>(lane, lanes) + lanes / 2;
+    return evenBlocks<P>(lane, lanes) + P;
 }
 
 // The order of lanes (see the top of the file): the element that a lane holds, and the lane that holds an element.
@@ -183,25 +185,98 @@ ARK_INLINE void butterfly(Cplx<V> (&x)[8])
     }
 }
 
-// ---- rows ----
+// ---- memory ----
 
-// Rows in memory: row n has its W real parts at re + n stride and its imaginary parts at im + n stride.
+// How the caller's vectors are read and written. For the inverse transform real and imaginary parts exchange roles on
+// the way in and on the way out; with separate parts that is an exchange of pointers.
+enum Form { forwardPairs, inversePairs, separateParts };
+
+// W elements of the caller's vector, in the order of lanes.
+template <class R, int W, Form form>
+struct Outside {
+    using V = Reg<R, W>;
+    static constexpr int P = placesOf<V>;
+    static constexpr std::ptrdiff_t perElement = form == separateParts ? 1 : 2;
+
+    static ARK_INLINE Cplx<V> load(FftVector<const R> from, std::ptrdiff_t element)
+    {
+        if constexpr (form == separateParts) {
+            const V re = get<R, W>(from.re + element), im = get<R, W>(from.im + element);
+            return {shuffled<elementOf<P>>(re, re), shuffled<elementOf<P>>(im, im)};
+        } else {
+            const V x = get<R, W>(from.re + 2 * element), y = get<R, W>(from.re + 2 * element + W);
+            const V even = shuffled<evens<P>>(x, y), odd = shuffled<odds<P>>(x, y);
+            return form == forwardPairs ? Cplx<V>{even, odd} : Cplx<V>{odd, even};
+        }
+    }
+
+    static ARK_INLINE void store(FftVector<R> to, std::ptrdiff_t element, Cplx<V> x)
+    {
+        if constexpr (form == separateParts) {
+            put(to.re + element, shuffled<laneOf<P>>(x.re, x.re));
+            put(to.im + element, shuffled<laneOf<P>>(x.im, x.im));
+        } else {
+            const V even = form == forwardPairs ? x.re : x.im, odd = form == forwardPairs ? x.im : x.re;
+            put(to.re + 2 * element, shuffled<unpackLow<P, 1>>(even, odd));
+            put(to.re + 2 * element + W, shuffled<unpackHigh<P, 1>>(even, odd));
+        }
+    }
+};
+
+// The rows that a pass reads or writes: of the caller's vector, row n beginning at element first + n step, ...
+template <class R, int W, Form form>
+struct OuterSource {
+    FftVector<const R> vector;
+    std::ptrdiff_t first, step;
+    ARK_INLINE Cplx<Reg<R, W>> operator()(std::ptrdiff_t n) const
+    {
+        return Outside<R, W, form>::load(vector, first + n * step);
+    }
+};
+template <class R, int W, Form form, bool scaled>
+struct OuterTarget {
+    FftVector<R> vector;
+    std::ptrdiff_t first, step;
+    R scale;
+    ARK_INLINE void operator()(std::ptrdiff_t n, Cplx<Reg<R, W>> x) const
+    {
+        if constexpr (scaled) {
+            x.re *= scale;
+            x.im *= scale;
+        }
+        Outside<R, W, form>::store(vector, first + n * step, x);
+    }
+};
+
+// ... or between passes: row n has its W real parts at re + n stride and its imaginary parts at im + n stride.
 template <class R>
 struct Rows {
     R *re, *im;
     std::ptrdiff_t stride;
 };
-
 template <class R, int W>
-struct RowReader {
-    Rows<const R> rows;
+Rows<R> rowsIn(R* memory)
+{
+    return {memory, memory + W, 2 * W};
+}
+template <class R, int W, Form form>
+Rows<R> rowsIn(FftVector<R> vector)
+{
+    if constexpr (form == separateParts)
+        return {vector.re, vector.im, W};
+    else
+        return rowsIn<R, W>(vector.re);
+}
+template <class R, int W>
+struct InnerSource {
+    Rows<R> rows;
     ARK_INLINE Cplx<Reg<R, W>> operator()(std::ptrdiff_t n) const
     {
         return {get<R, W>(rows.re + n * rows.stride), get<R, W>(rows.im + n * rows.stride)};
     }
 };
 template <class R, int W>
-struct RowWriter {
+struct InnerTarget {
     Rows<R> rows;
     ARK_INLINE void operator()(std::ptrdiff_t n, Cplx<Reg<R, W>> x) const
     {
@@ -210,61 +285,196 @@ struct RowWriter {
     }
 };
 
-// Row n of the caller's vector. For the inverse transform real and imaginary parts exchange roles on the way in and out.
-template <class R, int W, bool inverse, bool isSeparate>
-struct SourceReader {
-    const R *re, *im;
-    ARK_INLINE Cplx<Reg<R, W>> operator()(std::ptrdiff_t n) const
+template <class R, int W>
+ARK_INLINE Cplx<Reg<R, W>> getCplx(const R* from)
+{
+    return {get<R, W>(from), get<R, W>(from + W)};
+}
+
+// ---- the rows' transforms ----
+
+constexpr int log2Of(int n) { return n == 1 ? 0 : 1 + log2Of(n / 2); }
+
+constexpr int reversed(int i, int count)
+{
+    int result = 0;
+    for (; count > 1; count /= 2, i /= 2)
+        result = 2 * result + i % 2;
+    return result;
+}
+
+// Counts in bit-reversed order: the place of the next index among count.
+ARK_INLINE std::ptrdiff_t nextReversed(std::ptrdiff_t place, std::ptrdiff_t count)
+{
+    std::ptrdiff_t bit = count / 2;
+    for (; bit & place; bit /= 2)
+        place ^= bit;
+    return place | bit;
+}
+
+// The radices of the transform of 2^m rows. One of 8 takes 16 registers.
+struct Plan {
+    int passes = 0;
+    int log2Radix[16] = {};
+
+    explicit Plan(int m)
     {
-        using V = Reg<R, W>;
-        V a, b;
-        if constexpr (isSeparate) {
-            const V x = get<R, W>(re + n * W), y = get<R, W>(im + n * W);
-            a = shuffled<elementOf<placesOf<V>>>(x, x);
-            b = shuffled<elementOf<placesOf<V>>>(y, y);
-        } else {
-            const V x = get<R, W>(re + 2 * n * W), y = get<R, W>(re + 2 * n * W + W);
-            a = shuffled<evens<placesOf<V>>>(x, y);
-            b = shuffled<odds<placesOf<V>>>(x, y);
-        }
-        return inverse ? Cplx<V>{b, a} : Cplx<V>{a, b};
+        const int most = ARK_AVX512 ? 3 : 2;
+        if (most == 2 && m % 2 == 1 && m > 1)
+            log2Radix[passes++] = 3, m -= 3;
+        for (; m > 0; m -= log2Radix[passes - 1])
+            log2Radix[passes++] = most == 3 && (m == 2 || m == 4 || m % 3 == 1) && m > 1 ? 2 : m < most ? m : most;
     }
 };
 
-// One Stockham pass of the rows' transform: of length n now, s interleaved ones of it, radix r. Reads rows
-// q + s p + t n s / r (t = 0 ... r-1), writes rows q + s (r p + j) with twiddles w_n^(j p), p = 0 ... n/r - 1 in the
-// table's order: r - 1 pairs for each p. The last pass (n = r) has no twiddles and may run in place.
-template <class R, int W, int radix, class Read, class Write>
-ARK_INLINE void rowsPass(Read read, Write write, std::ptrdiff_t n, std::ptrdiff_t s, const R* table)
+// A pass of radix r over transforms of length n, s of them side by side, reads rows for every p = 0 ... n/r - 1, does a
+// butterfly and multiplies result j by w_n^(j p). Its table has r - 1 factors for every p.
+//
+// Stockham's arrangement, natural order in and out: reads rows q + s (p + t n/r), writes rows q + s (r p + j).
+template <class R, int W, int radix, class Source, class Target>
+ARK_INLINE void stockhamPass(Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, const R* table)
 {
     using V = Reg<R, W>;
     const std::ptrdiff_t apart = n * s / radix;
-    // p = 0 needs no twiddles.
-    for (std::ptrdiff_t q = 0; q < s; q++) {
+    for (std::ptrdiff_t q = 0; q < s; q++) { // p = 0, without factors
         Cplx<V> x[radix];
         for (int t = 0; t < radix; t++)
-            x[t] = read(q + t * apart);
+            x[t] = source(q + t * apart);
         butterfly(x);
         for (int j = 0; j < radix; j++)
-            write(q + s * j, x[j]);
+            target(q + s * j, x[j]);
     }
     for (std::ptrdiff_t p = 1; p < n / radix; p++) {
         const R* w = table + p * 2 * (radix - 1);
         for (std::ptrdiff_t q = 0; q < s; q++) {
             Cplx<V> x[radix];
             for (int t = 0; t < radix; t++)
-                x[t] = read(q + s * p + t * apart);
+                x[t] = source(q + s * p + t * apart);
             butterfly(x);
-            write(q + s * radix * p, x[0]);
+            target(q + s * radix * p, x[0]);
             for (int j = 1; j < radix; j++)
-                write(q + s * (radix * p + j), x[j] * Cplx<V>{all<R, W>(w[2 * j - 2]), all<R, W>(w[2 * j - 1])});
+                target(q + s * (radix * p + j), x[j] * Cplx<V>{all<R, W>(w[2 * j - 2]), all<R, W>(w[2 * j - 1])});
         }
     }
 }
 
-// ---- the lanes pass ----
+// In place, natural order in and bit-reversed order out; or, with the passes in the opposite order and the factors before
+// the butterfly, bit-reversed in and natural out.
+template <class R, int W, int radix, bool toReversed, class Source, class Target>
+ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, const R* table)
+{
+    using V = Reg<R, W>;
+    const std::ptrdiff_t apart = n / radix;
+    for (std::ptrdiff_t block = 0; block < n * s; block += n)
+        for (std::ptrdiff_t p = 0; p < apart; p++) {
+            const R* w = table + p * 2 * (radix - 1);
+            const auto factor = [&](int j) { return Cplx<V>{all<R, W>(w[2 * j - 2]), all<R, W>(w[2 * j - 1])}; };
+            Cplx<V> x[radix];
+            for (int t = 0; t < radix; t++)
+                x[toReversed ? t : reversed(t, radix)] = source(block + p + t * apart);
+            if (!toReversed && apart > 1)
+                for (int j = 1; j < radix; j++)
+                    x[j] = x[j] * factor(j);
+            butterfly(x);
+            if (toReversed && apart > 1)
+                for (int j = 1; j < radix; j++)
+                    x[j] = x[j] * factor(j);
+            for (int t = 0; t < radix; t++)
+                target(block + p + t * apart, x[toReversed ? reversed(t, radix) : t]);
+        }
+}
 
-// P rows, whose blocks are P by P, transposed inside their blocks: register p then has place p of all P rows.
+template <class R, int W, class Source, class Target>
+ARK_INLINE void stockham(int log2Radix, Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, const R* table)
+{
+    switch (log2Radix) {
+    case 1: return stockhamPass<R, W, 2>(source, target, n, s, table);
+    case 2: return stockhamPass<R, W, 4>(source, target, n, s, table);
+    default: return stockhamPass<R, W, 8>(source, target, n, s, table);
+    }
+}
+
+template <class R, int W, bool toReversed, class Source, class Target>
+ARK_INLINE void inPlace(int log2Radix, Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, const R* table)
+{
+    switch (log2Radix) {
+    case 1: return inPlacePass<R, W, 2, toReversed>(source, target, n, s, table);
+    case 2: return inPlacePass<R, W, 4, toReversed>(source, target, n, s, table);
+    default: return inPlacePass<R, W, 8, toReversed>(source, target, n, s, table);
+    }
+}
+
+// The transform of 2^m rows in natural order, from the source by way of the rows a and b to the target. The target may be
+// a; the source may be b.
+template <class R, int W, class Source, class Target>
+void transformRows(int m, Source source, Rows<R> a, Rows<R> b, Target target, const R* table)
+{
+    const Plan plan(m);
+    std::ptrdiff_t n = std::ptrdiff_t{1} << m, s = 1;
+    Rows<R> from{};
+    for (int i = 0; i < plan.passes; i++) {
+        const int radix = 1 << plan.log2Radix[i];
+        const Rows<R> to = i % 2 == 0 ? a : b;
+        const bool first = i == 0, last = i == plan.passes - 1;
+        const InnerSource<R, W> inner{from};
+        if (first && last)
+            stockham<R, W>(plan.log2Radix[i], source, target, n, s, table);
+        else if (first)
+            stockham<R, W>(plan.log2Radix[i], source, InnerTarget<R, W>{to}, n, s, table);
+        else if (last)
+            stockham<R, W>(plan.log2Radix[i], inner, target, n, s, table);
+        else
+            stockham<R, W>(plan.log2Radix[i], inner, InnerTarget<R, W>{to}, n, s, table);
+        n /= radix;
+        s *= radix;
+        table += n * 2 * (radix - 1);
+        from = to;
+    }
+}
+
+// In place in the rows, but for the source of the first pass.
+template <class R, int W, class Source>
+void transformRowsToReversed(int m, Source source, Rows<R> rows, const R* table)
+{
+    const Plan plan(m);
+    std::ptrdiff_t n = std::ptrdiff_t{1} << m, s = 1;
+    for (int i = 0; i < plan.passes; i++) {
+        const int radix = 1 << plan.log2Radix[i];
+        if (i == 0)
+            inPlace<R, W, true>(plan.log2Radix[i], source, InnerTarget<R, W>{rows}, n, s, table);
+        else
+            inPlace<R, W, true>(plan.log2Radix[i], InnerSource<R, W>{rows}, InnerTarget<R, W>{rows}, n, s, table);
+        n /= radix;
+        s *= radix;
+        table += n * 2 * (radix - 1);
+    }
+}
+
+// In place in the rows, but for the target of the last pass.
+template <class R, int W, class Target>
+void transformRowsFromReversed(int m, Rows<R> rows, Target target, const R* table)
+{
+    const Plan plan(m);
+    for (int i = 0, left = m; i < plan.passes; i++) {
+        left -= plan.log2Radix[i];
+        table += (std::ptrdiff_t{2} << left) * ((1 << plan.log2Radix[i]) - 1);
+    }
+    std::ptrdiff_t n = 1, s = std::ptrdiff_t{1} << m;
+    for (int i = plan.passes - 1; i >= 0; i--) {
+        const int radix = 1 << plan.log2Radix[i];
+        table -= n * 2 * (radix - 1);
+        n *= radix;
+        s /= radix;
+        if (i == 0)
+            inPlace<R, W, false>(plan.log2Radix[i], InnerSource<R, W>{rows}, target, n, s, table);
+        else
+            inPlace<R, W, false>(plan.log2Radix[i], InnerSource<R, W>{rows}, InnerTarget<R, W>{rows}, n, s, table);
+    }
+}
+
+// ---- the lanes' transform ----
+
+// P registers of places by rows, transposed inside their blocks: register p then has place p of all P rows.
 template <class V>
 ARK_INLINE void transposeInBlocks(V (&x)[4])
 {
@@ -292,48 +502,49 @@ ARK_INLINE void transposeBlocks(V (&x)[1])
 template <int P, class V>
 ARK_INLINE void transposeBlocks(V (&x)[2])
 {
-    const V a = shuffled<blocksLow<P>>(x[0], x[1]);
-    x[1] = shuffled<blocksHigh<P>>(x[0], x[1]);
+    const V a = shuffled<lowHalves>(x[0], x[1]);
+    x[1] = shuffled<highHalves>(x[0], x[1]);
     x[0] = a;
-}
-template <int P>
-constexpr int evenBlocks(int lane, int lanes)
-{
-    static_cast<void>(lanes);
-    return lane / P * 2 * P + lane % P;
-}
-template <int P>
-constexpr int oddBlocks(int lane, int lanes)
-{
-    return evenBlocks<P>(lane, lanes) + P;
 }
 template <int P, class V>
 ARK_INLINE void transposeBlocks(V (&x)[4])
 {
-    const V a = shuffled<blocksLow<P>>(x[0], x[1]), b = shuffled<blocksHigh<P>>(x[0], x[1]);
-    const V c = shuffled<blocksLow<P>>(x[2], x[3]), d = shuffled<blocksHigh<P>>(x[2], x[3]);
+    const V a = shuffled<lowHalves>(x[0], x[1]), b = shuffled<highHalves>(x[0], x[1]);
+    const V c = shuffled<lowHalves>(x[2], x[3]), d = shuffled<highHalves>(x[2], x[3]);
     x[0] = shuffled<evenBlocks<P>>(a, c);
     x[1] = shuffled<oddBlocks<P>>(a, c);
     x[2] = shuffled<evenBlocks<P>>(b, d);
     x[3] = shuffled<oddBlocks<P>>(b, d);
 }
 
-template <class R, int W, bool inverse, bool isSeparate, bool scaled>
-ARK_INLINE void lanesPass(Rows<const R> rows, FftVector<R> dst, std::ptrdiff_t M, const R* table, const R* halfTwiddles,
-                          R scale)
+// The constants of a register's own transform, in the table: the factors of the radix-2 step of lanesToNatural, then those
+// of every stage of transformLanes but the one at distance 1.
+template <class R, int W>
+struct LaneConstants {
+    static constexpr int P = int(16 / sizeof(R)), halfFactors = P / 2, stages = log2Of(W) - 1;
+    static constexpr int size = (halfFactors + stages) * 2 * W;
+    const R* table;
+    ARK_INLINE Cplx<Reg<R, W>> half(int p) const { return getCplx<R, W>(table + p * 2 * W); }
+    ARK_INLINE Cplx<Reg<R, W>> stage(int distance) const
+    {
+        return getCplx<R, W>(table + (halfFactors + log2Of(distance) - 1) * 2 * W);
+    }
+};
+
+// Natural order: for W rows k at a time, the transform over the lanes of each, written where k + M q stands.
+template <class R, int W, class Target>
+void lanesToNatural(Rows<R> rows, Target target, std::ptrdiff_t M, const R* table, LaneConstants<R, W> constants)
 {
     using V = Reg<R, W>;
     constexpr int P = placesOf<V>, B = W / P, half = P / 2, H = W / 2;
-    const RowReader<R, W> read{rows};
+    const InnerSource<R, W> source{rows};
     for (std::ptrdiff_t k0 = 0; k0 < M; k0 += W) {
-        // tile[q1][p0][group]: after the radix-2 step
-        alignas(64) R tile[2][half][B][2][W];
+        alignas(64) R tile[2][half][B][2 * W]; // results of the radix-2 step; registers would not hold them
         for (int group = 0; group < B; group++) {
             V re[P], im[P];
             for (int r = 0; r < P; r++) {
-                const int row = elementOf<P>(group * P + r, W); // interleaving inside blocks then makes neighbours
-                const R* w = table + (k0 + row) * 2 * W;
-                const Cplx<V> x = read(k0 + row) * Cplx<V>{get<R, W>(w), get<R, W>(w + W)};
+                const std::ptrdiff_t k = k0 + elementOf<P>(group * P + r, W);
+                const Cplx<V> x = source(k) * getCplx<R, W>(table + k * 2 * W);
                 re[r] = x.re;
                 im[r] = x.im;
             }
@@ -341,12 +552,11 @@ ARK_INLINE void lanesPass(Rows<const R> rows, FftVector<R> dst, std::ptrdiff_t M
             transposeInBlocks(im);
             for (int p = 0; p < half; p++) {
                 const Cplx<V> a{re[p], im[p]}, b{re[p + half], im[p + half]};
-                const Cplx<V> w{get<R, W>(halfTwiddles + 2 * p * W), get<R, W>(halfTwiddles + 2 * p * W + W)};
-                const Cplx<V> s = a + b, d = (a - b) * w;
-                put(tile[0][p][group][0], s.re);
-                put(tile[0][p][group][1], s.im);
-                put(tile[1][p][group][0], d.re);
-                put(tile[1][p][group][1], d.im);
+                const Cplx<V> sum = a + b, difference = (a - b) * constants.half(p);
+                put(tile[0][p][group], sum.re);
+                put(tile[0][p][group] + W, sum.im);
+                put(tile[1][p][group], difference.re);
+                put(tile[1][p][group] + W, difference.im);
             }
         }
         for (int q1 = 0; q1 < 2; q1++) {
@@ -354,8 +564,8 @@ ARK_INLINE void lanesPass(Rows<const R> rows, FftVector<R> dst, std::ptrdiff_t M
             for (int p = 0; p < half; p++) {
                 V re[B], im[B];
                 for (int group = 0; group < B; group++) {
-                    re[group] = get<R, W>(tile[q1][p][group][0]);
-                    im[group] = get<R, W>(tile[q1][p][group][1]);
+                    re[group] = get<R, W>(tile[q1][p][group]);
+                    im[group] = get<R, W>(tile[q1][p][group] + W);
                 }
                 transposeBlocks<P>(re);
                 transposeBlocks<P>(im);
@@ -363,83 +573,52 @@ ARK_INLINE void lanesPass(Rows<const R> rows, FftVector<R> dst, std::ptrdiff_t M
                     x[half * b + p] = {re[b], im[b]};
             }
             butterfly(x);
-            for (int q2 = 0; q2 < H; q2++) {
-                const std::ptrdiff_t k = k0 + M * (q1 + 2 * q2);
-                V re = inverse ? x[q2].im : x[q2].re, im = inverse ? x[q2].re : x[q2].im;
-                if constexpr (scaled) {
-                    re *= scale;
-                    im *= scale;
-                }
-                if constexpr (isSeparate) {
-                    put(dst.re + k, shuffled<laneOf<P>>(re, re));
-                    put(dst.im + k, shuffled<laneOf<P>>(im, im));
-                } else {
-                    put(dst.re + 2 * k, shuffled<unpackLow<P, 1>>(re, im));
-                    put(dst.re + 2 * k + W, shuffled<unpackHigh<P, 1>>(re, im));
-                }
-            }
+            for (int q2 = 0; q2 < H; q2++)
+                target(k0 + M * (q1 + 2 * q2), x[q2]);
         }
     }
 }
 
-// ---- the whole transform ----
-
-constexpr int log2Of(int n) { return n == 1 ? 0 : 1 + log2Of(n / 2); }
-
-// The widest register in which an order has a square of rows and lanes; 0 for the orders that are done in scalars.
-template <class R>
-ARK_INLINE int widthFor(int order)
+// The lane that holds the element at a distance, and +1 or -1 for the lower and the upper one of each such pair.
+template <int P, int distance>
+constexpr int partnerOf(int lane, int lanes)
 {
-    for (int width = lanes<R>; width >= int(16 / sizeof(R)); width /= 2)
-        if (order >= 2 * log2Of(width))
-            return width;
-    return 0;
+    return laneOf<P>(elementOf<P>(lane, lanes) ^ distance, lanes);
+}
+template <class R, int W, int distance, std::size_t... lane>
+ARK_INLINE Reg<R, W> signsIn(std::index_sequence<lane...>)
+{
+    return Reg<R, W>{(elementOf<int(16 / sizeof(R))>(int(lane), W) & distance ? R(-1) : R(1))...};
 }
 
-// The radices of the rows' transform of 2^m rows.
-struct Plan {
-    int passes;
-    int log2Radix[12];
-};
-
-ARK_INLINE Plan planOf(int m)
+// One stage of the transform over the lanes of one register: x[e] + x[e + distance] and x[e] - x[e + distance].
+template <class R, int W, int distance>
+ARK_INLINE Cplx<Reg<R, W>> laneStage(Cplx<Reg<R, W>> x)
 {
-    Plan plan{0, {}};
-    const int most = ARK_AVX512 ? 3 : 2;
-    if (most == 2 && m % 2 == 1 && m > 1) {
-        plan.log2Radix[plan.passes++] = 3;
-        m -= 3;
-    }
-    while (m > 0) {
-        int radix = m < most ? m : most;
-        if (most == 3 && (m == 4 || m == 2 || m % 3 == 1) && m > 1)
-            radix = 2;
-        plan.log2Radix[plan.passes++] = radix;
-        m -= radix;
-    }
-    return plan;
+    constexpr auto partner = partnerOf<int(16 / sizeof(R)), distance>;
+    const Reg<R, W> sign = signsIn<R, W, distance>(std::make_index_sequence<W>{});
+    return {x.re * sign + shuffled<partner>(x.re, x.re), x.im * sign + shuffled<partner>(x.im, x.im)};
 }
 
-// The table: for every pass but the last the twiddles of rowsPass; then for every row W real parts and W imaginary parts
-// of w_N^(l k) in the order of lanes; then the twiddles of the radix-2 step of the lanes pass.
-template <class R>
-std::size_t tableSize(int order)
+// The transform over the lanes of one register: natural order in and bit-reversed order out, or the opposite.
+template <class R, int W, bool toReversed, int distance = toReversed ? W / 2 : 1>
+ARK_INLINE Cplx<Reg<R, W>> transformLanes(Cplx<Reg<R, W>> x, LaneConstants<R, W> constants)
 {
-    const int W = widthFor<R>(order);
-    if (W == 0)
-        return 0;
-    const int m = order - log2Of(W);
-    const Plan plan = planOf(m);
-    std::size_t size = 0;
-    int left = m;
-    for (int i = 0; i + 1 < plan.passes; i++) {
-        const int radix = 1 << plan.log2Radix[i];
-        left -= plan.log2Radix[i];
-        size += std::size_t(2 * (radix - 1)) << left;
+    if constexpr (toReversed) {
+        x = laneStage<R, W, distance>(x);
+        if constexpr (distance > 1)
+            return transformLanes<R, W, true, distance / 2>(x * constants.stage(distance), constants);
+    } else {
+        if constexpr (distance > 1)
+            x = x * constants.stage(distance);
+        x = laneStage<R, W, distance>(x);
+        if constexpr (distance < W / 2)
+            return transformLanes<R, W, false, distance * 2>(x, constants);
     }
-    size = (size + 15) / 16 * 16;
-    return size + (std::size_t(2) << order) + std::size_t(2 * W * 2);
+    return x;
 }
+
+// ---- tables ----
 
 template <class Wide>
 struct Root {
@@ -510,119 +689,429 @@ private:
     Root<Wide> fine_[1024], coarse_[1024];
 };
 
+// The twiddles of a rows' transform: for every pass but the last radix - 1 roots for each p.
+inline std::size_t rowsTableSize(int m)
+{
+    const Plan plan(m);
+    std::size_t size = 0;
+    for (int i = 0, left = m; i + 1 < plan.passes; i++) {
+        left -= plan.log2Radix[i];
+        size += (std::size_t{2} << left) * ((std::size_t{1} << plan.log2Radix[i]) - 1);
+    }
+    return (size + 15) / 16 * 16;
+}
+template <class R>
+void fillRowsTable(int m, R* table)
+{
+    const Plan plan(m);
+    const Roots<R> roots(m);
+    for (int i = 0, left = m; i + 1 < plan.passes; i++) {
+        const int step = m - left;
+        left -= plan.log2Radix[i];
+        for (std::size_t p = 0; p < std::size_t{1} << left; p++)
+            for (std::size_t j = 1; j < std::size_t{1} << plan.log2Radix[i]; j++, table += 2)
+                roots.get((p * j) << step, table[0], table[1]);
+    }
+}
+
+// The widest register in which an order has a square of rows and lanes; 0 for the orders that are done in scalars.
+template <class R>
+ARK_INLINE int widthFor(int order)
+{
+    for (int width = lanes<R>; width >= int(16 / sizeof(R)); width /= 2)
+        if (order >= 2 * log2Of(width))
+            return width;
+    return 0;
+}
+
+// From this order on the vector is a matrix: columns, whose rows are far apart, are transformed W at a time, and then its
+// rows, or the opposite. What is transformed at a time stays in the cache, and the tables are short.
+constexpr int matrixFrom = 17;
+
+// Where things are in the table of one order, in reals.
+template <class R>
+struct Layout {
+    int W, m;                                 // of short orders: N = W 2^m
+    int columns, rest;                        // of matrices: order = columns + rest
+    std::size_t rows, restRows, lanes, constants; // tables of rows' transforms, of lanes, LaneConstants
+    std::size_t powers, fine, coarse, inner;  // of matrices: w_N^(k l), w_N^a, w_N^(a 2^rest), the table of order rest
+    std::size_t size;
+
+    explicit Layout(int order) : Layout{}
+    {
+        W = widthFor<R>(order);
+        if (order < matrixFrom) {
+            if (W == 0)
+                return;
+            m = order - log2Of(W);
+            lanes = rowsTableSize(m);
+            constants = lanes + (std::size_t{2} << order);
+            size = constants + std::size_t((int(8 / sizeof(R)) + log2Of(W) - 1) * 2 * W);
+        } else {
+            rest = order / 2;
+            columns = order - rest;
+            restRows = rowsTableSize(columns);
+            powers = restRows + rowsTableSize(rest);
+            fine = powers + (std::size_t(2 * W) << columns);
+            coarse = fine + (std::size_t{2} << rest);
+            inner = coarse + (std::size_t{2} << columns);
+            size = inner + Layout(rest).size;
+        }
+    }
+
+private:
+    Layout() = default;
+};
+
+template <class R>
+void fillShortTable(int order, R* table)
+{
+    const Layout<R> layout(order);
+    const int W = layout.W, P = int(16 / sizeof(R));
+    if (W == 0)
+        return;
+    const auto element = [&](int lane) { return std::size_t(P == 4 ? elementOf<4>(lane, W) : elementOf<2>(lane, W)); };
+    fillRowsTable(layout.m, table);
+    const Roots<R> roots(order);
+    R* at = table + layout.lanes;
+    for (std::size_t k = 0; k < std::size_t{1} << layout.m; k++, at += 2 * W)
+        for (int lane = 0; lane < W; lane++)
+            roots.get(k * element(lane), at[lane], at[W + lane]);
+    // LaneConstants: powers of w_W, in the steps of this order's roots.
+    const std::size_t unit = std::size_t{1} << layout.m;
+    for (int p = 0; p < P / 2; p++, at += 2 * W)
+        for (int lane = 0; lane < W; lane++)
+            roots.get(unit * std::size_t(lane / P * (P / 2) + p), at[lane], at[W + lane]);
+    for (std::size_t distance = 2; distance < std::size_t(W); distance *= 2, at += 2 * W)
+        for (int lane = 0; lane < W; lane++) {
+            const std::size_t e = element(lane), turns = e & distance ? e % distance : 0;
+            roots.get(unit * turns * (std::size_t(W) / 2 / distance), at[lane], at[W + lane]);
+        }
+}
+
 template <class R>
 void fillTable(int order, R* table)
 {
-    const int W = widthFor<R>(order);
-    if (W == 0)
-        return;
-    const int m = order - log2Of(W);
-    const Plan plan = planOf(m);
-    const Roots<R> roots(order);
-    R* at = table;
-    int left = m;
-    for (int i = 0; i + 1 < plan.passes; i++) {
-        const int radix = 1 << plan.log2Radix[i], step = order - left;
-        left -= plan.log2Radix[i];
-        for (std::size_t p = 0; p < std::size_t(1) << left; p++)
-            for (int j = 1; j < radix; j++, at += 2)
-                roots.get((p * std::size_t(j)) << step, at[0], at[1]);
+    if (order < matrixFrom)
+        return fillShortTable(order, table);
+    using Wide = typename WiderThan<R>::Type;
+    const Layout<R> layout(order);
+    fillRowsTable(layout.columns, table);
+    fillRowsTable(layout.rest, table + layout.restRows);
+    fillShortTable(layout.rest, table + layout.inner);
+    R *powers = table + layout.powers, *fine = table + layout.fine, *coarse = table + layout.coarse;
+    for (std::size_t a = 0; a < std::size_t{1} << layout.rest; a++) {
+        const Root<Wide> root = rootOf<Wide>(a, order);
+        fine[2 * a] = R(root.re);
+        fine[2 * a + 1] = R(root.im);
     }
-    at = table + (at - table + 15) / 16 * 16;
-    const int P = int(16 / sizeof(R));
-    for (std::size_t k = 0; k < std::size_t(1) << m; k++, at += 2 * W)
-        for (int lane = 0; lane < W; lane++)
-            roots.get(k * std::size_t(P == 4 ? elementOf<4>(lane, W) : elementOf<2>(lane, W)), at[lane], at[W + lane]);
-    for (int p = 0; p < P / 2; p++, at += 2 * W)
-        for (int lane = 0; lane < W; lane++)
-            roots.get(std::size_t(lane / P * (P / 2) + p) << m, at[lane], at[W + lane]);
+    for (std::size_t k = 0; k < std::size_t{1} << layout.columns; k++) {
+        const Root<Wide> step = rootOf<Wide>(k << layout.rest, order), root = rootOf<Wide>(k, order);
+        coarse[2 * k] = R(step.re);
+        coarse[2 * k + 1] = R(step.im);
+        Root<Wide> power{1, 0};
+        for (int l = 0; l < layout.W; l++) {
+            const int lane = int(16 / sizeof(R)) == 4 ? laneOf<4>(l, layout.W) : laneOf<2>(l, layout.W);
+            powers[k * std::size_t(2 * layout.W) + std::size_t(lane)] = R(power.re);
+            powers[k * std::size_t(2 * layout.W) + std::size_t(layout.W + lane)] = R(power.im);
+            power = {power.re * root.re - power.im * root.im, power.re * root.im + power.im * root.re};
+        }
+    }
+}
+
+template <class R>
+std::size_t tableSize(int order)
+{
+    return Layout<R>(order).size;
 }
 
 template <class R>
 std::size_t scratchSize(int order)
 {
-    return widthFor<R>(order) == 0 ? 0 : std::size_t(2) << order;
+    const Layout<R> layout(order);
+    const std::size_t whole = layout.W == 0 ? 0 : std::size_t{2} << order;
+    return order < matrixFrom ? whole : whole + (std::size_t(4 * layout.W) << layout.columns);
 }
 
-template <class R, int W, class Read, class Write>
-ARK_INLINE void anyPass(int log2Radix, Read read, Write write, std::ptrdiff_t n, std::ptrdiff_t s, const R* table)
-{
-    switch (log2Radix) {
-    case 1: return rowsPass<R, W, 2>(read, write, n, s, table);
-    case 2: return rowsPass<R, W, 4>(read, write, n, s, table);
-    default: return rowsPass<R, W, 8>(read, write, n, s, table);
-    }
-}
+// ---- the whole transform ----
 
-template <class R, int W, bool inverse, bool isSeparate>
-void transformRegisters(FftVector<const R> src, FftVector<R> dst, int order, const R* table, R* scratch, R scale)
+template <class R>
+struct Job {
+    FftVector<const R> src;
+    FftVector<R> dst;
+    int order;
+    const R* table;
+    R* scratch;
+    R scale;
+};
+
+// Calls body with OuterTarget, scaling or not.
+template <class R, int W, Form form, class Body>
+ARK_INLINE void withTarget(FftVector<R> vector, std::ptrdiff_t first, std::ptrdiff_t step, R scale, Body body)
 {
-    const int m = order - log2Of(W);
-    const Plan plan = planOf(m);
-    const Rows<R> inScratch{scratch, scratch + W, 2 * W};
-    const Rows<R> inDst = isSeparate ? Rows<R>{dst.re, dst.im, W} : Rows<R>{dst.re, dst.re + W, 2 * W};
-    const R* at = table;
-    std::ptrdiff_t n = std::ptrdiff_t{1} << m, s = 1;
-    Rows<R> from = inScratch;
-    for (int i = 0; i < plan.passes; i++) {
-        const bool last = i == plan.passes - 1;
-        const Rows<R> to = last || i % 2 == 0 ? inScratch : inDst;
-        const RowWriter<R, W> write{to};
-        if (i == 0)
-            anyPass<R, W>(plan.log2Radix[i], SourceReader<R, W, inverse, isSeparate>{src.re, src.im}, write, n, s, at);
-        else
-            anyPass<R, W>(plan.log2Radix[i], RowReader<R, W>{{from.re, from.im, from.stride}}, write, n, s, at);
-        const std::ptrdiff_t radix = std::ptrdiff_t{1} << plan.log2Radix[i];
-        n /= radix;
-        if (!last)
-            at += n * 2 * (radix - 1);
-        s *= radix;
-        from = to;
-    }
-    at = table + (at - table + 15) / 16 * 16;
-    const std::ptrdiff_t M = std::ptrdiff_t{1} << m;
-    const R* const halfTwiddles = at + M * 2 * W;
-    const Rows<const R> rows{scratch, scratch + W, 2 * W};
     if (scale == 1)
-        lanesPass<R, W, inverse, isSeparate, false>(rows, dst, M, at, halfTwiddles, scale);
+        body(OuterTarget<R, W, form, false>{vector, first, step, scale});
     else
-        lanesPass<R, W, inverse, isSeparate, true>(rows, dst, M, at, halfTwiddles, scale);
+        body(OuterTarget<R, W, form, true>{vector, first, step, scale});
 }
 
-// Orders too short for registers, in scalars.
-template <class R, bool inverse, bool isSeparate, int N>
-ARK_INLINE void transformScalars(FftVector<const R> src, FftVector<R> dst, R scale)
+template <class R, int W, Form form>
+void shortToNatural(const Job<R>& job)
 {
-    constexpr int stride = isSeparate ? 1 : 2;
+    const Layout<R> layout(job.order);
+    const Rows<R> rows = rowsIn<R, W>(job.scratch);
+    transformRows<R, W>(layout.m, OuterSource<R, W, form>{job.src, 0, W}, rows, rowsIn<R, W, form>(job.dst),
+                        InnerTarget<R, W>{rows}, job.table);
+    withTarget<R, W, form>(job.dst, 0, 1, job.scale, [&](auto target) {
+        lanesToNatural<R, W>(rows, target, std::ptrdiff_t{1} << layout.m, job.table + layout.lanes,
+                             {job.table + layout.constants});
+    });
+}
+
+// The two bit-reversed orders work in place in dst; row r holds what stands at r W. The vector may begin at element first.
+template <class R, int W, Form form>
+void shortToReversed(const Job<R>& job, std::ptrdiff_t first)
+{
+    const Layout<R> layout(job.order);
+    const std::ptrdiff_t M = std::ptrdiff_t{1} << layout.m;
+    Rows<R> rows = rowsIn<R, W, form>(job.dst);
+    rows.re += first / W * rows.stride;
+    rows.im += first / W * rows.stride;
+    transformRowsToReversed<R, W>(layout.m, OuterSource<R, W, form>{job.src, first, W}, rows, job.table);
+    const LaneConstants<R, W> constants{job.table + layout.constants};
+    const R* const factors = job.table + layout.lanes;
+    const InnerSource<R, W> source{rows};
+    withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
+        for (std::ptrdiff_t row = 0, k = 0; row < M; row++, k = nextReversed(k, M))
+            target(row, transformLanes<R, W, true>(source(row) * getCplx<R, W>(factors + k * 2 * W), constants));
+    });
+}
+
+template <class R, int W, Form form>
+void shortFromReversed(const Job<R>& job, std::ptrdiff_t first)
+{
+    const Layout<R> layout(job.order);
+    const std::ptrdiff_t M = std::ptrdiff_t{1} << layout.m;
+    Rows<R> rows = rowsIn<R, W, form>(job.dst);
+    rows.re += first / W * rows.stride;
+    rows.im += first / W * rows.stride;
+    const LaneConstants<R, W> constants{job.table + layout.constants};
+    const R* const factors = job.table + layout.lanes;
+    const OuterSource<R, W, form> source{job.src, first, W};
+    const InnerTarget<R, W> inner{rows};
+    for (std::ptrdiff_t row = 0, k = 0; row < M; row++, k = nextReversed(k, M))
+        inner(row, transformLanes<R, W, false>(source(row), constants) * getCplx<R, W>(factors + k * 2 * W));
+    withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
+        transformRowsFromReversed<R, W>(layout.m, rows, target, job.table);
+    });
+}
+
+// The factors w_N^(k (c + l)) of a matrix: of row k, and of the W columns from c on in the order of lanes.
+template <class R, int W>
+struct MatrixFactors {
+    const R *powers, *fine, *coarse;
+    int fineBits;
+
+    MatrixFactors(const R* table, const Layout<R>& layout)
+        : powers{table + layout.powers}, fine{table + layout.fine}, coarse{table + layout.coarse}, fineBits{layout.rest}
+    {
+    }
+    ARK_INLINE Cplx<Reg<R, W>> operator()(std::ptrdiff_t k, std::ptrdiff_t c) const
+    {
+        const std::ptrdiff_t a = k * c;
+        const R *f = fine + 2 * (a & ((std::ptrdiff_t{1} << fineBits) - 1)), *g = coarse + 2 * (a >> fineBits);
+        const Cplx<Reg<R, W>> common{all<R, W>(f[0] * g[0] - f[1] * g[1]), all<R, W>(f[0] * g[1] + f[1] * g[0])};
+        return getCplx<R, W>(powers + k * 2 * W) * common;
+    }
+};
+
+// W rows transposed: register i then has lane i of all of them.
+template <class V>
+ARK_INLINE void transpose(V* x)
+{
+    constexpr int P = placesOf<V>, B = lanesOf<V> / P;
+    V inBlocks[B][P];
+    for (int group = 0; group < B; group++) {
+        for (int r = 0; r < P; r++)
+            inBlocks[group][r] = x[group * P + r];
+        transposeInBlocks(inBlocks[group]);
+    }
+    for (int p = 0; p < P; p++) {
+        V blocks[B];
+        for (int group = 0; group < B; group++)
+            blocks[group] = inBlocks[group][p];
+        transposeBlocks<P>(blocks);
+        for (int b = 0; b < B; b++)
+            x[b * P + p] = blocks[b];
+    }
+}
+
+// With N = N1 N2, n = N2 n1 + n2 and k = k1 + N1 k2: the columns, over n1; the factors w_N^(n2 k1); a transposition into
+// the scratch, which makes k1 the lanes; the rows, over n2.
+template <class R, int W, Form form>
+void matrixToNatural(const Job<R>& job)
+{
+    using V = Reg<R, W>;
+    constexpr int P = placesOf<V>;
+    const Layout<R> layout(job.order);
+    const std::ptrdiff_t N1 = std::ptrdiff_t{1} << layout.columns, N2 = std::ptrdiff_t{1} << layout.rest;
+    R* const turned = job.scratch; // [k1 / W][n2][2 W]
+    const Rows<R> a = rowsIn<R, W>(job.scratch + 2 * N1 * N2), b = rowsIn<R, W>(job.scratch + 2 * N1 * (N2 + W));
+    const MatrixFactors<R, W> factors(job.table, layout);
+    for (std::ptrdiff_t c = 0; c < N2; c += W) {
+        transformRows<R, W>(layout.columns, OuterSource<R, W, form>{job.src, c, N2}, a, b, InnerTarget<R, W>{a},
+                            job.table);
+        const InnerSource<R, W> source{a};
+        for (std::ptrdiff_t k0 = 0; k0 < N1; k0 += W) {
+            V re[W], im[W];
+            for (int i = 0; i < W; i++) {
+                const std::ptrdiff_t k = k0 + elementOf<P>(i, W);
+                const Cplx<V> x = source(k) * factors(k, c);
+                re[i] = x.re;
+                im[i] = x.im;
+            }
+            transpose(re);
+            transpose(im);
+            R* const to = turned + (k0 * N2 + c * W) * 2;
+            for (int i = 0; i < W; i++) {
+                put(to + elementOf<P>(i, W) * 2 * W, re[i]);
+                put(to + elementOf<P>(i, W) * 2 * W + W, im[i]);
+            }
+        }
+    }
+    for (std::ptrdiff_t k0 = 0; k0 < N1; k0 += W)
+        withTarget<R, W, form>(job.dst, k0, N1, job.scale, [&](auto target) {
+            const InnerSource<R, W> source{rowsIn<R, W>(turned + k0 * N2 * 2)};
+            transformRows<R, W>(layout.rest, source, a, b, target, job.table + layout.restRows);
+        });
+}
+
+// Bit-reversed output: the columns in place, their results at bit-reversed rows, then every row on its own.
+template <class R, int W, Form form>
+void matrixToReversed(const Job<R>& job)
+{
+    const Layout<R> layout(job.order);
+    const std::ptrdiff_t N1 = std::ptrdiff_t{1} << layout.columns, N2 = std::ptrdiff_t{1} << layout.rest;
+    const Rows<R> rows = rowsIn<R, W>(job.scratch);
+    const InnerSource<R, W> source{rows};
+    const MatrixFactors<R, W> factors(job.table, layout);
+    for (std::ptrdiff_t c = 0; c < N2; c += W) {
+        transformRowsToReversed<R, W>(layout.columns, OuterSource<R, W, form>{job.src, c, N2}, rows, job.table);
+        const OuterTarget<R, W, form, false> target{job.dst, c, N2, 1};
+        for (std::ptrdiff_t row = 0, k = 0; row < N1; row++, k = nextReversed(k, N1))
+            target(row, source(row) * factors(k, c));
+    }
+    const FftVector<const R> between{job.dst.re, job.dst.im};
+    for (std::ptrdiff_t row = 0; row < N1; row++)
+        shortToReversed<R, W, form>({between, job.dst, layout.rest, job.table + layout.inner, nullptr, job.scale}, row * N2);
+}
+
+// Bit-reversed input: the opposite.
+template <class R, int W, Form form>
+void matrixFromReversed(const Job<R>& job)
+{
+    const Layout<R> layout(job.order);
+    const std::ptrdiff_t N1 = std::ptrdiff_t{1} << layout.columns, N2 = std::ptrdiff_t{1} << layout.rest;
+    for (std::ptrdiff_t row = 0; row < N1; row++)
+        shortFromReversed<R, W, form>({job.src, job.dst, layout.rest, job.table + layout.inner, nullptr, 1}, row * N2);
+    const Rows<R> rows = rowsIn<R, W>(job.scratch);
+    const InnerTarget<R, W> inner{rows};
+    const MatrixFactors<R, W> factors(job.table, layout);
+    for (std::ptrdiff_t c = 0; c < N2; c += W) {
+        const OuterSource<R, W, form> source{{job.dst.re, job.dst.im}, c, N2};
+        for (std::ptrdiff_t row = 0, k = 0; row < N1; row++, k = nextReversed(k, N1))
+            inner(row, source(row) * factors(k, c));
+        withTarget<R, W, form>(job.dst, c, N2, job.scale, [&](auto target) {
+            transformRowsFromReversed<R, W>(layout.columns, rows, target, job.table);
+        });
+    }
+}
+
+// Orders too short for registers.
+template <class R, Form form, FftOrder fftOrder, int N>
+void inScalars(const Job<R>& job)
+{
+    constexpr int step = form == separateParts ? 1 : 2;
     Cplx<R> x[N];
-    for (int i = 0; i < N; i++)
-        x[i] = inverse ? Cplx<R>{src.im[i * stride], src.re[i * stride]} : Cplx<R>{src.re[i * stride], src.im[i * stride]};
+    for (int i = 0; i < N; i++) {
+        const R re = job.src.re[i * step], im = job.src.im[i * step];
+        x[fftOrder == bitReversedInput ? reversed(i, N) : i] = form == inversePairs ? Cplx<R>{im, re} : Cplx<R>{re, im};
+    }
     butterfly(x);
     for (int i = 0; i < N; i++) {
-        dst.re[i * stride] = (inverse ? x[i].im : x[i].re) * scale;
-        dst.im[i * stride] = (inverse ? x[i].re : x[i].im) * scale;
+        const Cplx<R> y = x[fftOrder == bitReversedOutput ? reversed(i, N) : i];
+        job.dst.re[i * step] = (form == inversePairs ? y.im : y.re) * job.scale;
+        job.dst.im[i * step] = (form == inversePairs ? y.re : y.im) * job.scale;
     }
 }
 
-template <class R, bool inverse, bool isSeparate>
+template <class R, int W, Form form, FftOrder fftOrder>
+void inRegisters(const Job<R>& job)
+{
+    if constexpr (W == lanes<R>)
+        if (job.order >= matrixFrom) {
+            if constexpr (fftOrder == naturalOrder)
+                return matrixToNatural<R, W, form>(job);
+            else if constexpr (fftOrder == bitReversedOutput)
+                return matrixToReversed<R, W, form>(job);
+            else
+                return matrixFromReversed<R, W, form>(job);
+        }
+    if constexpr (fftOrder == naturalOrder)
+        return shortToNatural<R, W, form>(job);
+    else if constexpr (fftOrder == bitReversedOutput)
+        return shortToReversed<R, W, form>(job, 0);
+    else
+        return shortFromReversed<R, W, form>(job, 0);
+}
+
+template <class R, Form form, FftOrder fftOrder>
 void transform(FftVector<const R> src, FftVector<R> dst, int order, const R* table, R* scratch, R scale)
 {
+    const Job<R> job{src, dst, order, table, scratch, scale};
     constexpr int native = lanes<R>, least = int(16 / sizeof(R));
     const int W = widthFor<R>(order);
     if (W == native)
-        return transformRegisters<R, native, inverse, isSeparate>(src, dst, order, table, scratch, scale);
+        return inRegisters<R, native, form, fftOrder>(job);
     if constexpr (native / 2 >= least)
         if (W == native / 2)
-            return transformRegisters<R, native / 2, inverse, isSeparate>(src, dst, order, table, scratch, scale);
+            return inRegisters<R, native / 2, form, fftOrder>(job);
     if constexpr (native / 4 >= least)
         if (W == native / 4)
-            return transformRegisters<R, native / 4, inverse, isSeparate>(src, dst, order, table, scratch, scale);
+            return inRegisters<R, native / 4, form, fftOrder>(job);
     switch (order) {
-    case 1: return transformScalars<R, inverse, isSeparate, 2>(src, dst, scale);
-    case 2: return transformScalars<R, inverse, isSeparate, 4>(src, dst, scale);
-    default: return transformScalars<R, inverse, isSeparate, 8>(src, dst, scale);
+    case 1: return inScalars<R, form, fftOrder, 2>(job);
+    case 2: return inScalars<R, form, fftOrder, 4>(job);
+    default: return inScalars<R, form, fftOrder, 8>(job);
     }
 }
 
+template <class R, FftOrder fftOrder>
+void inverseOfParts(FftVector<const R> src, FftVector<R> dst, int order, const R* table, R* scratch, R scale)
+{
+    transform<R, separateParts, fftOrder>({src.im, src.re}, {dst.im, dst.re}, order, table, scratch, scale);
+}
+
+template <class R, FftOrder fftOrder>
+constexpr typename FftKernels<R>::Directions pairs{transform<R, forwardPairs, fftOrder>,
+                                                   transform<R, inversePairs, fftOrder>};
+template <class R, FftOrder fftOrder>
+constexpr typename FftKernels<R>::Directions separated{transform<R, separateParts, fftOrder>, inverseOfParts<R, fftOrder>};
+
+template <class R>
+constexpr FftKernels<R> fftTable{
+    tableSize<R>,
+    fillTable<R>,
+    scratchSize<R>,
+    {{pairs<R, naturalOrder>, pairs<R, bitReversedInput>, pairs<R, bitReversedOutput>},
+     {separated<R, naturalOrder>, separated<R, bitReversedInput>, separated<R, bitReversedOutput>}}};
+
 } // namespace
+
+extern const FftKernels<float> fftC;
+extern const FftKernels<double> fftZ;
+
+constinit const FftKernels<float> fftC = fftTable<float>;
+constinit const FftKernels<double> fftZ = fftTable<double>;
+
 } // namespace ark::ARK_SET
