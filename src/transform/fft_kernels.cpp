@@ -312,54 +312,31 @@ ARK_INLINE std::ptrdiff_t nextReversed(std::ptrdiff_t place, std::ptrdiff_t coun
     return place | bit;
 }
 
-// The radices of the transform of 2^m rows. One of 8 takes 16 registers.
+// The radices of the transform of 2^m rows, and the size of their table: of every pass but the last.
 struct Plan {
-    int passes = 0;
-    int log2Radix[16] = {};
+    int m, passes;
+    int log2Radix[12];
+    std::ptrdiff_t tableSize;
 
-    explicit Plan(int m)
+    static Plan of(int m)
     {
-        const int most = ARK_AVX512 ? 3 : 2;
-        if (most == 2 && m % 2 == 1 && m > 1)
-            log2Radix[passes++] = 3, m -= 3;
-        for (; m > 0; m -= log2Radix[passes - 1])
-            log2Radix[passes++] = most == 3 && (m == 2 || m == 4 || m % 3 == 1) && m > 1 ? 2 : m < most ? m : most;
+        Plan plan{m, 0, {}, 0};
+        for (int left = m; left > 0;) {
+            // 8 as often as possible; no 2 but for want of anything else.
+            const int log2Radix = left == 4 || left == 2 || (left > 1 && left % 3 == 1) ? 2 : left < 3 ? left : 3;
+            plan.log2Radix[plan.passes++] = log2Radix;
+            left -= log2Radix;
+            if (left > 0)
+                plan.tableSize += (std::ptrdiff_t{2} << left) * ((1 << log2Radix) - 1);
+        }
+        return plan;
     }
 };
 
-// A pass of radix r over transforms of length n, s of them side by side, reads rows for every p = 0 ... n/r - 1, does a
-// butterfly and multiplies result j by w_n^(j p). Its table has r - 1 factors for every p.
-//
-// Stockham's arrangement, natural order in and out: reads rows q + s (p + t n/r), writes rows q + s (r p + j).
-template <class R, int W, int radix, class Source, class Target>
-ARK_INLINE void stockhamPass(Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, const R* table)
-{
-    using V = Reg<R, W>;
-    const std::ptrdiff_t apart = n * s / radix;
-    for (std::ptrdiff_t q = 0; q < s; q++) { // p = 0, without factors
-        Cplx<V> x[radix];
-        for (int t = 0; t < radix; t++)
-            x[t] = source(q + t * apart);
-        butterfly(x);
-        for (int j = 0; j < radix; j++)
-            target(q + s * j, x[j]);
-    }
-    for (std::ptrdiff_t p = 1; p < n / radix; p++) {
-        const R* w = table + p * 2 * (radix - 1);
-        for (std::ptrdiff_t q = 0; q < s; q++) {
-            Cplx<V> x[radix];
-            for (int t = 0; t < radix; t++)
-                x[t] = source(q + s * p + t * apart);
-            butterfly(x);
-            target(q + s * radix * p, x[0]);
-            for (int j = 1; j < radix; j++)
-                target(q + s * (radix * p + j), x[j] * Cplx<V>{all<R, W>(w[2 * j - 2]), all<R, W>(w[2 * j - 1])});
-        }
-    }
-}
-
-// In place, natural order in and bit-reversed order out; or, with the passes in the opposite order and the factors before
-// the butterfly, bit-reversed in and natural out.
+// A pass of radix r over transforms of length n, s of them one after another, in place: butterflies of the rows p + t n/r
+// for every p = 0 ... n/r - 1, whose result j is multiplied by w_n^(j p). The table has r - 1 factors for every p. From
+// natural order to bit-reversed order; or, with the passes in the opposite order and the factors before the butterfly,
+// from bit-reversed order to natural order.
 template <class R, int W, int radix, bool toReversed, class Source, class Target>
 ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, const R* table)
 {
@@ -376,22 +353,10 @@ ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std:
                 for (int j = 1; j < radix; j++)
                     x[j] = x[j] * factor(j);
             butterfly(x);
-            if (toReversed && apart > 1)
-                for (int j = 1; j < radix; j++)
-                    x[j] = x[j] * factor(j);
-            for (int t = 0; t < radix; t++)
-                target(block + p + t * apart, x[toReversed ? reversed(t, radix) : t]);
+            for (int j = 0; j < radix; j++)
+                target(block + p + (toReversed ? reversed(j, radix) : j) * apart,
+                       toReversed && apart > 1 && j > 0 ? x[j] * factor(j) : x[j]);
         }
-}
-
-template <class R, int W, class Source, class Target>
-ARK_INLINE void stockham(int log2Radix, Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, const R* table)
-{
-    switch (log2Radix) {
-    case 1: return stockhamPass<R, W, 2>(source, target, n, s, table);
-    case 2: return stockhamPass<R, W, 4>(source, target, n, s, table);
-    default: return stockhamPass<R, W, 8>(source, target, n, s, table);
-    }
 }
 
 template <class R, int W, bool toReversed, class Source, class Target>
@@ -404,41 +369,12 @@ ARK_INLINE void inPlace(int log2Radix, Source source, Target target, std::ptrdif
     }
 }
 
-// The transform of 2^m rows in natural order, from the source by way of the rows a and b to the target. The target may be
-// a; the source may be b.
-template <class R, int W, class Source, class Target>
-void transformRows(int m, Source source, Rows<R> a, Rows<R> b, Target target, const R* table)
-{
-    const Plan plan(m);
-    std::ptrdiff_t n = std::ptrdiff_t{1} << m, s = 1;
-    Rows<R> from{};
-    for (int i = 0; i < plan.passes; i++) {
-        const int radix = 1 << plan.log2Radix[i];
-        const Rows<R> to = i % 2 == 0 ? a : b;
-        const bool first = i == 0, last = i == plan.passes - 1;
-        const InnerSource<R, W> inner{from};
-        if (first && last)
-            stockham<R, W>(plan.log2Radix[i], source, target, n, s, table);
-        else if (first)
-            stockham<R, W>(plan.log2Radix[i], source, InnerTarget<R, W>{to}, n, s, table);
-        else if (last)
-            stockham<R, W>(plan.log2Radix[i], inner, target, n, s, table);
-        else
-            stockham<R, W>(plan.log2Radix[i], inner, InnerTarget<R, W>{to}, n, s, table);
-        n /= radix;
-        s *= radix;
-        table += n * 2 * (radix - 1);
-        from = to;
-    }
-}
-
 // In place in the rows, but for the source of the first pass.
 template <class R, int W, class Source>
-void transformRowsToReversed(int m, Source source, Rows<R> rows, const R* table)
+ARK_INLINE void transformRowsToReversed(const Plan& plan, int passes, Source source, Rows<R> rows, const R* table)
 {
-    const Plan plan(m);
-    std::ptrdiff_t n = std::ptrdiff_t{1} << m, s = 1;
-    for (int i = 0; i < plan.passes; i++) {
+    std::ptrdiff_t n = std::ptrdiff_t{1} << plan.m, s = 1;
+    for (int i = 0; i < passes; i++) {
         const int radix = 1 << plan.log2Radix[i];
         if (i == 0)
             inPlace<R, W, true>(plan.log2Radix[i], source, InnerTarget<R, W>{rows}, n, s, table);
@@ -450,19 +386,30 @@ void transformRowsToReversed(int m, Source source, Rows<R> rows, const R* table)
     }
 }
 
+// The last pass to bit-reversed order, with its results put in natural order: rows in place, target in any order.
+template <class R, int W, int radix, class Source, class Target>
+ARK_INLINE void lastPass(Source source, Target target, std::ptrdiff_t M)
+{
+    for (std::ptrdiff_t block = 0, k = 0; block < M; block += radix, k = nextReversed(k, M / radix)) {
+        Cplx<Reg<R, W>> x[radix];
+        for (int t = 0; t < radix; t++)
+            x[t] = source(block + t);
+        butterfly(x);
+        for (int j = 0; j < radix; j++)
+            target(k + j * (M / radix), x[j]);
+    }
+}
+
 // In place in the rows, but for the target of the last pass.
 template <class R, int W, class Target>
-void transformRowsFromReversed(int m, Rows<R> rows, Target target, const R* table)
+ARK_INLINE void transformRowsFromReversed(const Plan& plan, Rows<R> rows, Target target, const R* table)
 {
-    const Plan plan(m);
-    for (int i = 0, left = m; i < plan.passes; i++) {
-        left -= plan.log2Radix[i];
-        table += (std::ptrdiff_t{2} << left) * ((1 << plan.log2Radix[i]) - 1);
-    }
-    std::ptrdiff_t n = 1, s = std::ptrdiff_t{1} << m;
+    table += plan.tableSize;
+    std::ptrdiff_t n = 1, s = std::ptrdiff_t{1} << plan.m;
     for (int i = plan.passes - 1; i >= 0; i--) {
         const int radix = 1 << plan.log2Radix[i];
-        table -= n * 2 * (radix - 1);
+        if (n > 1)
+            table -= n * 2 * (radix - 1);
         n *= radix;
         s /= radix;
         if (i == 0)
@@ -531,20 +478,21 @@ struct LaneConstants {
     }
 };
 
-// Natural order: for W rows k at a time, the transform over the lanes of each, written where k + M q stands.
+// Natural order, from rows in bit-reversed order: for W rows k at a time, the transform over the lanes of each, written
+// where k + M q stands.
 template <class R, int W, class Target>
 void lanesToNatural(Rows<R> rows, Target target, std::ptrdiff_t M, const R* table, LaneConstants<R, W> constants)
 {
     using V = Reg<R, W>;
     constexpr int P = placesOf<V>, B = W / P, half = P / 2, H = W / 2;
     const InnerSource<R, W> source{rows};
-    for (std::ptrdiff_t k0 = 0; k0 < M; k0 += W) {
+    for (std::ptrdiff_t k0 = 0, place = 0; k0 < M; k0 += W, place = nextReversed(place, M / W)) {
         alignas(64) R tile[2][half][B][2 * W]; // results of the radix-2 step; registers would not hold them
         for (int group = 0; group < B; group++) {
             V re[P], im[P];
             for (int r = 0; r < P; r++) {
-                const std::ptrdiff_t k = k0 + elementOf<P>(group * P + r, W);
-                const Cplx<V> x = source(k) * getCplx<R, W>(table + k * 2 * W);
+                const int i = elementOf<P>(group * P + r, W);
+                const Cplx<V> x = source(place + reversed(i, W) * (M / W)) * getCplx<R, W>(table + (k0 + i) * 2 * W);
                 re[r] = x.re;
                 im[r] = x.im;
             }
@@ -689,24 +637,12 @@ private:
     Root<Wide> fine_[1024], coarse_[1024];
 };
 
-// The twiddles of a rows' transform: for every pass but the last radix - 1 roots for each p.
-inline std::size_t rowsTableSize(int m)
-{
-    const Plan plan(m);
-    std::size_t size = 0;
-    for (int i = 0, left = m; i + 1 < plan.passes; i++) {
-        left -= plan.log2Radix[i];
-        size += (std::size_t{2} << left) * ((std::size_t{1} << plan.log2Radix[i]) - 1);
-    }
-    return (size + 15) / 16 * 16;
-}
 template <class R>
-void fillRowsTable(int m, R* table)
+void fillRowsTable(const Plan& plan, R* table)
 {
-    const Plan plan(m);
-    const Roots<R> roots(m);
-    for (int i = 0, left = m; i + 1 < plan.passes; i++) {
-        const int step = m - left;
+    const Roots<R> roots(plan.m);
+    for (int i = 0, left = plan.m; i + 1 < plan.passes; i++) {
+        const int step = plan.m - left;
         left -= plan.log2Radix[i];
         for (std::size_t p = 0; p < std::size_t{1} << left; p++)
             for (std::size_t j = 1; j < std::size_t{1} << plan.log2Radix[i]; j++, table += 2)
@@ -728,57 +664,62 @@ ARK_INLINE int widthFor(int order)
 // rows, or the opposite. What is transformed at a time stays in the cache, and the tables are short.
 constexpr int matrixFrom = 17;
 
-// Where things are in the table of one order, in reals.
+// What stands at the beginning of the table of one order, and where the rest of it stands, in reals from there.
 template <class R>
-struct Layout {
-    int W, m;                                 // of short orders: N = W 2^m
-    int columns, rest;                        // of matrices: order = columns + rest
-    std::size_t rows, restRows, lanes, constants; // tables of rows' transforms, of lanes, LaneConstants
-    std::size_t powers, fine, coarse, inner;  // of matrices: w_N^(k l), w_N^a, w_N^(a 2^rest), the table of order rest
-    std::size_t size;
+struct Head {
+    int order, W;
+    Plan plan, restPlan;         // of the rows, or of the columns and the rest of a matrix: N = 2^(plan.m + restPlan.m)
+    std::ptrdiff_t rows, lanes, constants;                    // rows' tables, w_N^(k l), LaneConstants
+    std::ptrdiff_t restRows, powers, fine, coarse, inner;     // of matrices: see MatrixFactors; the table of the rest
+    std::ptrdiff_t size;
 
-    explicit Layout(int order) : Layout{}
+    static Head of(int order)
     {
-        W = widthFor<R>(order);
-        if (order < matrixFrom) {
-            if (W == 0)
-                return;
-            m = order - log2Of(W);
-            lanes = rowsTableSize(m);
-            constants = lanes + (std::size_t{2} << order);
-            size = constants + std::size_t((int(8 / sizeof(R)) + log2Of(W) - 1) * 2 * W);
-        } else {
-            rest = order / 2;
-            columns = order - rest;
-            restRows = rowsTableSize(columns);
-            powers = restRows + rowsTableSize(rest);
-            fine = powers + (std::size_t(2 * W) << columns);
-            coarse = fine + (std::size_t{2} << rest);
-            inner = coarse + (std::size_t{2} << columns);
-            size = inner + Layout(rest).size;
+        Head head{};
+        head.order = order;
+        head.W = widthFor<R>(order);
+        std::ptrdiff_t end = std::ptrdiff_t(sizeof(Head) / sizeof(R));
+        const auto add = [&](std::ptrdiff_t size) {
+            const std::ptrdiff_t begin = (end + 15) / 16 * 16;
+            end = begin + size;
+            return begin;
+        };
+        const std::ptrdiff_t W = head.W;
+        if (W > 0 && order < matrixFrom) {
+            head.plan = Plan::of(order - log2Of(head.W));
+            head.rows = add(head.plan.tableSize);
+            head.lanes = add(std::ptrdiff_t{2} << order);
+            head.constants = add((std::ptrdiff_t(8 / sizeof(R)) + log2Of(head.W) - 1) * 2 * W);
+        } else if (W > 0) {
+            head.plan = Plan::of(order - order / 2);
+            head.restPlan = Plan::of(order / 2);
+            head.rows = add(head.plan.tableSize);
+            head.restRows = add(head.restPlan.tableSize);
+            head.powers = add(2 * W << head.plan.m);
+            head.fine = add(std::ptrdiff_t{2} << head.restPlan.m);
+            head.coarse = add(std::ptrdiff_t{2} << head.plan.m);
+            head.inner = add(of(head.restPlan.m).size);
         }
+        head.size = add(0);
+        return head;
     }
-
-private:
-    Layout() = default;
 };
 
+// Everything but the head's own place.
 template <class R>
-void fillShortTable(int order, R* table)
+void fillShortTable(const Head<R>& head, R* table)
 {
-    const Layout<R> layout(order);
-    const int W = layout.W, P = int(16 / sizeof(R));
-    if (W == 0)
-        return;
+    const int W = head.W, P = int(16 / sizeof(R));
     const auto element = [&](int lane) { return std::size_t(P == 4 ? elementOf<4>(lane, W) : elementOf<2>(lane, W)); };
-    fillRowsTable(layout.m, table);
-    const Roots<R> roots(order);
-    R* at = table + layout.lanes;
-    for (std::size_t k = 0; k < std::size_t{1} << layout.m; k++, at += 2 * W)
+    fillRowsTable(head.plan, table + head.rows);
+    const Roots<R> roots(head.order);
+    R* at = table + head.lanes;
+    for (std::size_t k = 0; k < std::size_t{1} << head.plan.m; k++, at += 2 * W)
         for (int lane = 0; lane < W; lane++)
             roots.get(k * element(lane), at[lane], at[W + lane]);
     // LaneConstants: powers of w_W, in the steps of this order's roots.
-    const std::size_t unit = std::size_t{1} << layout.m;
+    at = table + head.constants;
+    const std::size_t unit = std::size_t{1} << head.plan.m;
     for (int p = 0; p < P / 2; p++, at += 2 * W)
         for (int lane = 0; lane < W; lane++)
             roots.get(unit * std::size_t(lane / P * (P / 2) + p), at[lane], at[W + lane]);
@@ -790,47 +731,57 @@ void fillShortTable(int order, R* table)
 }
 
 template <class R>
-void fillTable(int order, R* table)
+void fillMatrixTable(const Head<R>& head, R* table)
 {
-    if (order < matrixFrom)
-        return fillShortTable(order, table);
     using Wide = typename WiderThan<R>::Type;
-    const Layout<R> layout(order);
-    fillRowsTable(layout.columns, table);
-    fillRowsTable(layout.rest, table + layout.restRows);
-    fillShortTable(layout.rest, table + layout.inner);
-    R *powers = table + layout.powers, *fine = table + layout.fine, *coarse = table + layout.coarse;
-    for (std::size_t a = 0; a < std::size_t{1} << layout.rest; a++) {
-        const Root<Wide> root = rootOf<Wide>(a, order);
+    fillRowsTable(head.plan, table + head.rows);
+    fillRowsTable(head.restPlan, table + head.restRows);
+    R *powers = table + head.powers, *fine = table + head.fine, *coarse = table + head.coarse;
+    for (std::size_t a = 0; a < std::size_t{1} << head.restPlan.m; a++) {
+        const Root<Wide> root = rootOf<Wide>(a, head.order);
         fine[2 * a] = R(root.re);
         fine[2 * a + 1] = R(root.im);
     }
-    for (std::size_t k = 0; k < std::size_t{1} << layout.columns; k++) {
-        const Root<Wide> step = rootOf<Wide>(k << layout.rest, order), root = rootOf<Wide>(k, order);
+    for (std::size_t k = 0; k < std::size_t{1} << head.plan.m; k++) {
+        const Root<Wide> step = rootOf<Wide>(k << head.restPlan.m, head.order), root = rootOf<Wide>(k, head.order);
         coarse[2 * k] = R(step.re);
         coarse[2 * k + 1] = R(step.im);
         Root<Wide> power{1, 0};
-        for (int l = 0; l < layout.W; l++) {
-            const int lane = int(16 / sizeof(R)) == 4 ? laneOf<4>(l, layout.W) : laneOf<2>(l, layout.W);
-            powers[k * std::size_t(2 * layout.W) + std::size_t(lane)] = R(power.re);
-            powers[k * std::size_t(2 * layout.W) + std::size_t(layout.W + lane)] = R(power.im);
+        for (int l = 0; l < head.W; l++) {
+            const int lane = int(16 / sizeof(R)) == 4 ? laneOf<4>(l, head.W) : laneOf<2>(l, head.W);
+            R* const of = powers + k * std::size_t(2 * head.W);
+            of[lane] = R(power.re);
+            of[head.W + lane] = R(power.im);
             power = {power.re * root.re - power.im * root.im, power.re * root.im + power.im * root.re};
         }
     }
 }
 
 template <class R>
+void fillTable(int order, R* table)
+{
+    const Head<R> head = Head<R>::of(order);
+    __builtin_memcpy(table, &head, sizeof head);
+    if (head.W == 0)
+        return;
+    if (order < matrixFrom)
+        return fillShortTable(head, table);
+    fillMatrixTable(head, table);
+    fillTable(head.restPlan.m, table + head.inner);
+}
+
+template <class R>
 std::size_t tableSize(int order)
 {
-    return Layout<R>(order).size;
+    return std::size_t(Head<R>::of(order).size);
 }
 
 template <class R>
 std::size_t scratchSize(int order)
 {
-    const Layout<R> layout(order);
-    const std::size_t whole = layout.W == 0 ? 0 : std::size_t{2} << order;
-    return order < matrixFrom ? whole : whole + (std::size_t(4 * layout.W) << layout.columns);
+    const Head<R> head = Head<R>::of(order);
+    const std::size_t whole = head.W == 0 ? 0 : std::size_t{2} << order;
+    return order < matrixFrom ? whole : whole + (std::size_t(2 * head.W) << head.plan.m);
 }
 
 // ---- the whole transform ----
@@ -839,10 +790,11 @@ template <class R>
 struct Job {
     FftVector<const R> src;
     FftVector<R> dst;
-    int order;
     const R* table;
     R* scratch;
     R scale;
+
+    const Head<R>& head() const { return *reinterpret_cast<const Head<R>*>(table); }
 };
 
 // Calls body with OuterTarget, scaling or not.
@@ -858,13 +810,13 @@ ARK_INLINE void withTarget(FftVector<R> vector, std::ptrdiff_t first, std::ptrdi
 template <class R, int W, Form form>
 void shortToNatural(const Job<R>& job)
 {
-    const Layout<R> layout(job.order);
+    const Head<R>& head = job.head();
     const Rows<R> rows = rowsIn<R, W>(job.scratch);
-    transformRows<R, W>(layout.m, OuterSource<R, W, form>{job.src, 0, W}, rows, rowsIn<R, W, form>(job.dst),
-                        InnerTarget<R, W>{rows}, job.table);
+    transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, 0, W}, rows,
+                                  job.table + head.rows);
     withTarget<R, W, form>(job.dst, 0, 1, job.scale, [&](auto target) {
-        lanesToNatural<R, W>(rows, target, std::ptrdiff_t{1} << layout.m, job.table + layout.lanes,
-                             {job.table + layout.constants});
+        lanesToNatural<R, W>(rows, target, std::ptrdiff_t{1} << head.plan.m, job.table + head.lanes,
+                             {job.table + head.constants});
     });
 }
 
@@ -872,14 +824,15 @@ void shortToNatural(const Job<R>& job)
 template <class R, int W, Form form>
 void shortToReversed(const Job<R>& job, std::ptrdiff_t first)
 {
-    const Layout<R> layout(job.order);
-    const std::ptrdiff_t M = std::ptrdiff_t{1} << layout.m;
+    const Head<R>& head = job.head();
+    const std::ptrdiff_t M = std::ptrdiff_t{1} << head.plan.m;
     Rows<R> rows = rowsIn<R, W, form>(job.dst);
     rows.re += first / W * rows.stride;
     rows.im += first / W * rows.stride;
-    transformRowsToReversed<R, W>(layout.m, OuterSource<R, W, form>{job.src, first, W}, rows, job.table);
-    const LaneConstants<R, W> constants{job.table + layout.constants};
-    const R* const factors = job.table + layout.lanes;
+    transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, first, W}, rows,
+                                  job.table + head.rows);
+    const LaneConstants<R, W> constants{job.table + head.constants};
+    const R* const factors = job.table + head.lanes;
     const InnerSource<R, W> source{rows};
     withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
         for (std::ptrdiff_t row = 0, k = 0; row < M; row++, k = nextReversed(k, M))
@@ -890,19 +843,19 @@ void shortToReversed(const Job<R>& job, std::ptrdiff_t first)
 template <class R, int W, Form form>
 void shortFromReversed(const Job<R>& job, std::ptrdiff_t first)
 {
-    const Layout<R> layout(job.order);
-    const std::ptrdiff_t M = std::ptrdiff_t{1} << layout.m;
+    const Head<R>& head = job.head();
+    const std::ptrdiff_t M = std::ptrdiff_t{1} << head.plan.m;
     Rows<R> rows = rowsIn<R, W, form>(job.dst);
     rows.re += first / W * rows.stride;
     rows.im += first / W * rows.stride;
-    const LaneConstants<R, W> constants{job.table + layout.constants};
-    const R* const factors = job.table + layout.lanes;
+    const LaneConstants<R, W> constants{job.table + head.constants};
+    const R* const factors = job.table + head.lanes;
     const OuterSource<R, W, form> source{job.src, first, W};
     const InnerTarget<R, W> inner{rows};
     for (std::ptrdiff_t row = 0, k = 0; row < M; row++, k = nextReversed(k, M))
         inner(row, transformLanes<R, W, false>(source(row), constants) * getCplx<R, W>(factors + k * 2 * W));
     withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
-        transformRowsFromReversed<R, W>(layout.m, rows, target, job.table);
+        transformRowsFromReversed<R, W>(head.plan, rows, target, job.table + head.rows);
     });
 }
 
@@ -912,8 +865,9 @@ struct MatrixFactors {
     const R *powers, *fine, *coarse;
     int fineBits;
 
-    MatrixFactors(const R* table, const Layout<R>& layout)
-        : powers{table + layout.powers}, fine{table + layout.fine}, coarse{table + layout.coarse}, fineBits{layout.rest}
+    explicit MatrixFactors(const Job<R>& job)
+        : powers{job.table + job.head().powers}, fine{job.table + job.head().fine},
+          coarse{job.table + job.head().coarse}, fineBits{job.head().restPlan.m}
     {
     }
     ARK_INLINE Cplx<Reg<R, W>> operator()(std::ptrdiff_t k, std::ptrdiff_t c) const
@@ -953,76 +907,84 @@ void matrixToNatural(const Job<R>& job)
 {
     using V = Reg<R, W>;
     constexpr int P = placesOf<V>;
-    const Layout<R> layout(job.order);
-    const std::ptrdiff_t N1 = std::ptrdiff_t{1} << layout.columns, N2 = std::ptrdiff_t{1} << layout.rest;
+    const Head<R>& head = job.head();
+    const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
     R* const turned = job.scratch; // [k1 / W][n2][2 W]
-    const Rows<R> a = rowsIn<R, W>(job.scratch + 2 * N1 * N2), b = rowsIn<R, W>(job.scratch + 2 * N1 * (N2 + W));
-    const MatrixFactors<R, W> factors(job.table, layout);
+    const Rows<R> rows = rowsIn<R, W>(job.scratch + 2 * N1 * N2);
+    const InnerSource<R, W> source{rows};
+    const MatrixFactors<R, W> factors(job);
     for (std::ptrdiff_t c = 0; c < N2; c += W) {
-        transformRows<R, W>(layout.columns, OuterSource<R, W, form>{job.src, c, N2}, a, b, InnerTarget<R, W>{a},
-                            job.table);
-        const InnerSource<R, W> source{a};
-        for (std::ptrdiff_t k0 = 0; k0 < N1; k0 += W) {
+        transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2}, rows,
+                                      job.table + head.rows);
+        for (std::ptrdiff_t k0 = 0, place = 0; k0 < N1; k0 += W, place = nextReversed(place, N1 / W)) {
             V re[W], im[W];
-            for (int i = 0; i < W; i++) {
-                const std::ptrdiff_t k = k0 + elementOf<P>(i, W);
-                const Cplx<V> x = source(k) * factors(k, c);
-                re[i] = x.re;
-                im[i] = x.im;
+            for (int lane = 0; lane < W; lane++) {
+                const int i = elementOf<P>(lane, W);
+                const Cplx<V> x = source(place + reversed(i, W) * (N1 / W)) * factors(k0 + i, c);
+                re[lane] = x.re;
+                im[lane] = x.im;
             }
             transpose(re);
             transpose(im);
             R* const to = turned + (k0 * N2 + c * W) * 2;
-            for (int i = 0; i < W; i++) {
-                put(to + elementOf<P>(i, W) * 2 * W, re[i]);
-                put(to + elementOf<P>(i, W) * 2 * W + W, im[i]);
+            for (int lane = 0; lane < W; lane++) {
+                put(to + elementOf<P>(lane, W) * 2 * W, re[lane]);
+                put(to + elementOf<P>(lane, W) * 2 * W + W, im[lane]);
             }
         }
     }
-    for (std::ptrdiff_t k0 = 0; k0 < N1; k0 += W)
+    for (std::ptrdiff_t k0 = 0; k0 < N1; k0 += W) {
+        const Rows<R> row = rowsIn<R, W>(turned + k0 * N2 * 2);
+        const InnerSource<R, W> from{row};
+        transformRowsToReversed<R, W>(head.restPlan, head.restPlan.passes - 1, from, row, job.table + head.restRows);
         withTarget<R, W, form>(job.dst, k0, N1, job.scale, [&](auto target) {
-            const InnerSource<R, W> source{rowsIn<R, W>(turned + k0 * N2 * 2)};
-            transformRows<R, W>(layout.rest, source, a, b, target, job.table + layout.restRows);
+            switch (head.restPlan.log2Radix[head.restPlan.passes - 1]) {
+            case 1: return lastPass<R, W, 2>(from, target, N2);
+            case 2: return lastPass<R, W, 4>(from, target, N2);
+            default: return lastPass<R, W, 8>(from, target, N2);
+            }
         });
+    }
 }
 
 // Bit-reversed output: the columns in place, their results at bit-reversed rows, then every row on its own.
 template <class R, int W, Form form>
 void matrixToReversed(const Job<R>& job)
 {
-    const Layout<R> layout(job.order);
-    const std::ptrdiff_t N1 = std::ptrdiff_t{1} << layout.columns, N2 = std::ptrdiff_t{1} << layout.rest;
+    const Head<R>& head = job.head();
+    const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
     const Rows<R> rows = rowsIn<R, W>(job.scratch);
     const InnerSource<R, W> source{rows};
-    const MatrixFactors<R, W> factors(job.table, layout);
+    const MatrixFactors<R, W> factors(job);
     for (std::ptrdiff_t c = 0; c < N2; c += W) {
-        transformRowsToReversed<R, W>(layout.columns, OuterSource<R, W, form>{job.src, c, N2}, rows, job.table);
+        transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2}, rows,
+                                      job.table + head.rows);
         const OuterTarget<R, W, form, false> target{job.dst, c, N2, 1};
         for (std::ptrdiff_t row = 0, k = 0; row < N1; row++, k = nextReversed(k, N1))
             target(row, source(row) * factors(k, c));
     }
     const FftVector<const R> between{job.dst.re, job.dst.im};
     for (std::ptrdiff_t row = 0; row < N1; row++)
-        shortToReversed<R, W, form>({between, job.dst, layout.rest, job.table + layout.inner, nullptr, job.scale}, row * N2);
+        shortToReversed<R, W, form>({between, job.dst, job.table + head.inner, nullptr, job.scale}, row * N2);
 }
 
 // Bit-reversed input: the opposite.
 template <class R, int W, Form form>
 void matrixFromReversed(const Job<R>& job)
 {
-    const Layout<R> layout(job.order);
-    const std::ptrdiff_t N1 = std::ptrdiff_t{1} << layout.columns, N2 = std::ptrdiff_t{1} << layout.rest;
+    const Head<R>& head = job.head();
+    const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
     for (std::ptrdiff_t row = 0; row < N1; row++)
-        shortFromReversed<R, W, form>({job.src, job.dst, layout.rest, job.table + layout.inner, nullptr, 1}, row * N2);
+        shortFromReversed<R, W, form>({job.src, job.dst, job.table + head.inner, nullptr, 1}, row * N2);
     const Rows<R> rows = rowsIn<R, W>(job.scratch);
     const InnerTarget<R, W> inner{rows};
-    const MatrixFactors<R, W> factors(job.table, layout);
+    const MatrixFactors<R, W> factors(job);
     for (std::ptrdiff_t c = 0; c < N2; c += W) {
         const OuterSource<R, W, form> source{{job.dst.re, job.dst.im}, c, N2};
         for (std::ptrdiff_t row = 0, k = 0; row < N1; row++, k = nextReversed(k, N1))
             inner(row, source(row) * factors(k, c));
         withTarget<R, W, form>(job.dst, c, N2, job.scale, [&](auto target) {
-            transformRowsFromReversed<R, W>(layout.columns, rows, target, job.table);
+            transformRowsFromReversed<R, W>(head.plan, rows, target, job.table + head.rows);
         });
     }
 }
@@ -1049,7 +1011,7 @@ template <class R, int W, Form form, FftOrder fftOrder>
 void inRegisters(const Job<R>& job)
 {
     if constexpr (W == lanes<R>)
-        if (job.order >= matrixFrom) {
+        if (job.head().order >= matrixFrom) {
             if constexpr (fftOrder == naturalOrder)
                 return matrixToNatural<R, W, form>(job);
             else if constexpr (fftOrder == bitReversedOutput)
@@ -1068,9 +1030,9 @@ void inRegisters(const Job<R>& job)
 template <class R, Form form, FftOrder fftOrder>
 void transform(FftVector<const R> src, FftVector<R> dst, int order, const R* table, R* scratch, R scale)
 {
-    const Job<R> job{src, dst, order, table, scratch, scale};
+    const Job<R> job{src, dst, table, scratch, scale};
     constexpr int native = lanes<R>, least = int(16 / sizeof(R));
-    const int W = widthFor<R>(order);
+    const int W = job.head().W;
     if (W == native)
         return inRegisters<R, native, form, fftOrder>(job);
     if constexpr (native / 2 >= least)
