@@ -12,6 +12,8 @@
 // only the newest processors can.
 #pragma once
 
+#include "transform/fft_kernels.hpp"
+#include "transform/real_kernels.hpp"
 #include "vector/arkarith_kernels.hpp"
 #include "vector/arkaritw_kernels.hpp"
 #include "vector/arkcvrt_kernels.hpp"
@@ -33,7 +35,11 @@ struct Kernels : KernelSlot<FillKernels>,
                  KernelSlot<ConjKernels<ShortCplx>>,
                  KernelSlot<ShortArithKernels>,
                  KernelSlot<ConvertKernels<float>>,
-                 KernelSlot<ConvertKernels<double>> {};
+                 KernelSlot<ConvertKernels<double>>,
+                 KernelSlot<FftKernels<float>>,
+                 KernelSlot<FftKernels<double>>,
+                 KernelSlot<RealKernels<float>>,
+                 KernelSlot<RealKernels<double>> {};
 
 namespace sse2 {
 extern const Kernels kernels;
@@ -59,7 +65,8 @@ inline const Table& kernels()
 }
 
 // For tests and benchmarks, which link to the static library: makes the named set the chosen one. False when there is
-// no such set or this machine cannot run it.
+// no such set or this machine cannot run it. The tables that a transform has cached are those of the set it was done with:
+// force before the first transform.
 bool forceKernels(const char* set);
 
 } // namespace ark
