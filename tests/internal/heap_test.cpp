@@ -1,24 +1,40 @@
 // Every request to the heap made to fail. The linker leads malloc and calloc here.
+#include "heap_control.hpp"
+
 #include "frame/heap.hpp"
 
 #include <arkpx.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <climits>
 #include <cstdint>
 #include <cstdlib>
 #include <thread>
 
-namespace {
+// For all threads: on Windows, reaching a thread_local calls malloc.
+static std::atomic<long> goodRequests{LONG_MAX}, failingRequests{0};
+static std::atomic<bool> someFailed{false};
 
-bool heapIsEmpty = false; // for all threads: on Windows, reaching a thread_local calls malloc
+FailingHeap::FailingHeap(long good, long failing)
+{
+    someFailed = false;
+    failingRequests = failing < 0 ? LONG_MAX : failing;
+    goodRequests = good;
+}
+FailingHeap::~FailingHeap() { goodRequests = LONG_MAX; }
+bool FailingHeap::hasFailed() const { return someFailed; }
 
-struct EmptyHeap {
-    EmptyHeap() { heapIsEmpty = true; }
-    ~EmptyHeap() { heapIsEmpty = false; }
-};
-
-} // namespace
+static bool requestFails()
+{
+    if (goodRequests == LONG_MAX || goodRequests-- > 0)
+        return false;
+    goodRequests = 0;
+    const bool fails = failingRequests-- > 0;
+    if (fails)
+        someFailed = true;
+    return fails;
+}
 
 extern "C" {
 void* __real_malloc(std::size_t size);
@@ -26,10 +42,10 @@ void* __real_calloc(std::size_t count, std::size_t size);
 void* __wrap_malloc(std::size_t size);
 void* __wrap_calloc(std::size_t count, std::size_t size);
 
-void* __wrap_malloc(std::size_t size) { return heapIsEmpty ? nullptr : __real_malloc(size); }
+void* __wrap_malloc(std::size_t size) { return requestFails() ? nullptr : __real_malloc(size); }
 void* __wrap_calloc(std::size_t count, std::size_t size)
 {
-    return heapIsEmpty ? nullptr : __real_calloc(count, size);
+    return requestFails() ? nullptr : __real_calloc(count, size);
 }
 }
 
@@ -37,7 +53,7 @@ namespace {
 
 TEST(EmptyHeap, GivesNullAndNoReport)
 {
-    const EmptyHeap empty;
+    const FailingHeap empty;
     EXPECT_EQ(arkMalloc(1), nullptr);
     EXPECT_EQ(arkzMalloc(1), nullptr);
     EXPECT_FALSE(ark::Buffer<double>{1});
@@ -49,7 +65,7 @@ TEST(EmptyHeapDeathTest, EndsAProcessThatCanHaveNoContext)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(std::thread([] {
-                    const EmptyHeap empty;
+                    const FailingHeap empty;
                     arkGetErrStatus();
                 }).join(),
                 testing::ExitedWithCode(1), "ORB Library error:\nBad ORB Context\nTerminating the application");

@@ -75,13 +75,14 @@ class Error {
 public:
     void add(Complex got, Complex wanted)
     {
-        difference_ += std::norm(got - wanted);
-        whole_ += std::norm(wanted);
+        const auto square = [](long double x) { return double(x) * double(x); };
+        difference_ += square(got.real() - wanted.real()) + square(got.imag() - wanted.imag());
+        whole_ += square(wanted.real()) + square(wanted.imag());
     }
-    double relative() const { return whole_ > 0 ? double(std::sqrt(difference_ / whole_)) : double(difference_); }
+    double relative() const { return whole_ > 0 ? std::sqrt(difference_ / whole_) : difference_; }
 
 private:
-    long double difference_ = 0, whole_ = 0;
+    double difference_ = 0, whole_ = 0;
 };
 
 } // namespace reference

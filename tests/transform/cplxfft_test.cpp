@@ -46,12 +46,14 @@ double bound(int order)
     return 0.6 * std::numeric_limits<R>::epsilon() * std::sqrt(std::max(order, 1));
 }
 
-std::size_t reversed(std::size_t i, int order)
+// Place by place, as the numbers with one bit less and then those with that bit set.
+std::vector<std::size_t> reversedPlaces(int order)
 {
-    std::size_t r = 0;
-    for (int bit = 0; bit < order; bit++)
-        r |= (i >> bit & 1) << (order - 1 - bit);
-    return r;
+    std::vector<std::size_t> places{0};
+    for (std::size_t bit = std::size_t{1} << order >> 1; bit > 0; bit /= 2)
+        for (std::size_t i = 0, size = places.size(); i < size; i++)
+            places.push_back(places[i] + bit);
+    return places;
 }
 
 template <class R>
@@ -63,8 +65,9 @@ protected:
     {
         const reference::Pair& pair = reference::pairOf(order);
         std::vector<Element> x(pair.size());
+        const std::vector<std::size_t> places = reversedPlaces(order);
         for (std::size_t i = 0; i < x.size(); i++) {
-            const reference::Complex value = pair.signal[inReversedOrder ? reversed(i, order) : i];
+            const reference::Complex value = pair.signal[inReversedOrder ? places[i] : i];
             x[i] = {R(value.real()), R(value.imag())};
         }
         return x;
@@ -84,6 +87,7 @@ TYPED_TEST(CplxFft, EveryOrderDirectionAndForm)
     using Cplx = typename M::Cplx;
     for (int order = 0; order <= 20; order++) {
         const std::size_t N = std::size_t{1} << order;
+        const std::vector<std::size_t> places = reversedPlaces(order);
         for (const int direction : {int{ARK_Forw}, ARK_Inv | ARK_NoScale})
             for (const int orderFlag : {0, int{ARK_InBitRev}, int{ARK_OutBitRev}}) {
                 SCOPED_TRACE(testing::Message() << "order " << order << ", flags " << (direction | orderFlag));
@@ -93,7 +97,7 @@ TYPED_TEST(CplxFft, EveryOrderDirectionAndForm)
                 M::fft(x.data(), order, flags);
                 reference::Error error;
                 for (std::size_t i = 0; i < N; i++) {
-                    const std::size_t k = orderFlag == ARK_OutBitRev ? reversed(i, order) : i;
+                    const std::size_t k = orderFlag == ARK_OutBitRev ? places[i] : i;
                     error.add({x[i].re, x[i].im}, reference::pairOf(order).at(k, direction == ARK_Forw ? -1 : +1));
                 }
                 EXPECT_LE(error.relative(), bound<R>(order));
