@@ -745,12 +745,12 @@ void fillRowsTable(const Plan& plan, R* table)
     }
 }
 
-// The widest register in which an order has a square of rows and lanes; 0 for the orders that are done in scalars.
+// The widest register of which an order has 4 rows; 0 for the orders that are done in scalars.
 template <class R>
 ARK_INLINE int widthFor(int order)
 {
     for (int width = lanes<R>; width >= int(16 / sizeof(R)); width /= 2)
-        if (order >= 2 * log2Of(width))
+        if (order >= log2Of(width) + 2)
             return width;
     return 0;
 }
@@ -915,6 +915,79 @@ void shortToNatural(const Job<R>& job)
         lanesToNatural<R, W>(rows, target, std::ptrdiff_t{1} << head.plan.m, job.table + head.lanes,
                              {job.table + head.constants});
     });
+}
+
+template <class V, std::size_t... place>
+ARK_INLINE auto blockIn(V v, int block, std::index_sequence<place...>)
+{
+    constexpr int P = sizeof...(place);
+    switch (block) {
+    case 0: return __builtin_shufflevector(v, v, int(place)...);
+    case 1: return __builtin_shufflevector(v, v, (int(place) + P) % lanesOf<V>...);
+    case 2: return __builtin_shufflevector(v, v, (int(place) + 2 * P) % lanesOf<V>...);
+    default: return __builtin_shufflevector(v, v, (int(place) + 3 * P) % lanesOf<V>...);
+    }
+}
+template <class V>
+ARK_INLINE auto blockOf(V v, int block)
+{
+    return blockIn(v, block, std::make_index_sequence<placesOf<V>>{});
+}
+
+// So few rows that all of them are in registers.
+template <class R, int W, Form form, int M>
+void fewToNatural(const Job<R>& job)
+{
+    using V = Reg<R, W>;
+    constexpr int P = placesOf<V>, B = W / P, group = together<R, W>;
+    const OuterSource<R, W, form> source{job.src, 0, W};
+    const R* const factors = job.table + job.head().lanes;
+    Cplx<V> x[M];
+    ARK_UNROLL
+    for (int n = 0; n < M; n++)
+        x[n] = source(n);
+    butterfly(x);
+    ARK_UNROLL
+    for (int k = 1; k < M; k++)
+        x[k] = x[k] * getCplx<R, W>(factors + k * 2 * W);
+    ARK_UNROLL
+    for (int k = 0; k < M; k += group) {
+        Together<R, W> y;
+        ARK_UNROLL
+        for (int i = 0; i < group; i++)
+            y[i] = x[k + i];
+        transformLanes<R, W, true>(y, {job.table + job.head().constants});
+        ARK_UNROLL
+        for (int i = 0; i < group; i++)
+            x[k + i] = {y[i].re * job.scale, y[i].im * job.scale};
+    }
+    // P rows k of one result q of the lanes are neighbours.
+    ARK_UNROLL
+    for (int k = 0; k < M; k += P) {
+        V re[P], im[P];
+        ARK_UNROLL
+        for (int i = 0; i < P; i++) {
+            re[i] = form == inversePairs ? x[k + i].im : x[k + i].re;
+            im[i] = form == inversePairs ? x[k + i].re : x[k + i].im;
+        }
+        transposeInBlocks(re);
+        transposeInBlocks(im);
+        ARK_UNROLL
+        for (int p = 0; p < P; p++) {
+            const V low = shuffled<unpackLow<P, 1>>(re[p], im[p]), high = shuffled<unpackHigh<P, 1>>(re[p], im[p]);
+            ARK_UNROLL
+            for (int b = 0; b < B; b++) {
+                const int at = reversed(elementOf<P>(b * P + p, W), W) * M + k;
+                if constexpr (form == separateParts) {
+                    put(job.dst.re + at, blockOf(re[p], b));
+                    put(job.dst.im + at, blockOf(im[p], b));
+                } else {
+                    put(job.dst.re + 2 * at, blockOf(low, b));
+                    put(job.dst.re + 2 * at + P, blockOf(high, b));
+                }
+            }
+        }
+    }
 }
 
 // The two bit-reversed orders work in place in dst; row r holds what stands at r W. The vector may begin at element first.
@@ -1146,7 +1219,11 @@ void inRegisters(const Job<R>& job)
                 return matrixFromReversed<R, W, form>(job);
         }
     if constexpr (fftOrder == naturalOrder)
-        return shortToNatural<R, W, form>(job);
+        switch (job.head().plan.m) {
+        case 2: return fewToNatural<R, W, form, 4>(job);
+        case 3: return fewToNatural<R, W, form, 8>(job);
+        default: return shortToNatural<R, W, form>(job);
+        }
     else if constexpr (fftOrder == bitReversedOutput)
         return shortToReversed<R, W, form>(job, 0);
     else
