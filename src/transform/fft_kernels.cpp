@@ -934,33 +934,58 @@ ARK_INLINE auto blockOf(V v, int block)
     return blockIn(v, block, std::make_index_sequence<placesOf<V>>{});
 }
 
-// So few rows that all of them are in registers.
-template <class R, int W, Form form, int M>
-void fewToNatural(const Job<R>& job)
+template <class R, int W, bool toReversed, int M>
+ARK_INLINE void transformLanesOf(Cplx<Reg<R, W>> (&x)[M], LaneConstants<R, W> constants)
 {
-    using V = Reg<R, W>;
-    constexpr int P = placesOf<V>, B = W / P, group = together<R, W>;
-    const OuterSource<R, W, form> source{job.src, 0, W};
-    const R* const factors = job.table + job.head().lanes;
-    Cplx<V> x[M];
-    ARK_UNROLL
-    for (int n = 0; n < M; n++)
-        x[n] = source(n);
-    butterfly(x);
-    ARK_UNROLL
-    for (int k = 1; k < M; k++)
-        x[k] = x[k] * getCplx<R, W>(factors + k * 2 * W);
+    constexpr int group = together<R, W>;
     ARK_UNROLL
     for (int k = 0; k < M; k += group) {
         Together<R, W> y;
         ARK_UNROLL
         for (int i = 0; i < group; i++)
             y[i] = x[k + i];
-        transformLanes<R, W, true>(y, {job.table + job.head().constants});
+        transformLanes<R, W, toReversed>(y, constants);
         ARK_UNROLL
         for (int i = 0; i < group; i++)
-            x[k + i] = {y[i].re * job.scale, y[i].im * job.scale};
+            x[k + i] = y[i];
     }
+}
+
+// So few rows that all of them are in registers.
+template <class R, int W, Form form, FftOrder fftOrder, int M>
+void fewRows(const Job<R>& job)
+{
+    using V = Reg<R, W>;
+    constexpr int P = placesOf<V>, B = W / P;
+    constexpr bool fromReversed = fftOrder == bitReversedInput;
+    const OuterSource<R, W, form> source{job.src, 0, W};
+    const OuterTarget<R, W, form, true> target{job.dst, 0, W, job.scale};
+    const LaneConstants<R, W> constants{job.table + job.head().constants};
+    const R* const factors = job.table + job.head().lanes;
+    Cplx<V> x[M];
+    ARK_UNROLL
+    for (int n = 0; n < M; n++)
+        x[fromReversed ? reversed(n, M) : n] = source(n);
+    if constexpr (fromReversed)
+        transformLanesOf<R, W, false>(x, constants);
+    else
+        butterfly(x);
+    ARK_UNROLL
+    for (int k = 1; k < M; k++)
+        x[k] = x[k] * getCplx<R, W>(factors + k * 2 * W);
+    if constexpr (fromReversed)
+        butterfly(x);
+    else
+        transformLanesOf<R, W, true>(x, constants);
+    if constexpr (fftOrder != naturalOrder) {
+        ARK_UNROLL
+        for (int k = 0; k < M; k++)
+            target(fromReversed ? k : reversed(k, M), x[k]);
+        return;
+    }
+    ARK_UNROLL
+    for (int k = 0; k < M; k++)
+        x[k] = {x[k].re * job.scale, x[k].im * job.scale};
     // P rows k of one result q of the lanes are neighbours.
     ARK_UNROLL
     for (int k = 0; k < M; k += P) {
@@ -1218,12 +1243,12 @@ void inRegisters(const Job<R>& job)
             else
                 return matrixFromReversed<R, W, form>(job);
         }
+    if (job.head().plan.m == 2)
+        return fewRows<R, W, form, fftOrder, 4>(job);
+    if (job.head().plan.m == 3)
+        return fewRows<R, W, form, fftOrder, 8>(job);
     if constexpr (fftOrder == naturalOrder)
-        switch (job.head().plan.m) {
-        case 2: return fewToNatural<R, W, form, 4>(job);
-        case 3: return fewToNatural<R, W, form, 8>(job);
-        default: return shortToNatural<R, W, form>(job);
-        }
+        return shortToNatural<R, W, form>(job);
     else if constexpr (fftOrder == bitReversedOutput)
         return shortToReversed<R, W, form>(job, 0);
     else
