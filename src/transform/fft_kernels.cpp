@@ -179,6 +179,7 @@ ARK_INLINE void butterfly(Cplx<V> (&x)[8])
     const V h = V{} + halfRoot<V>;
     Cplx<V> odd[4] = {d0, {(d1.re + d1.im) * h, (d1.im - d1.re) * h}, timesMinusI(d2), {(d3.im - d3.re) * h, -(d3.re + d3.im) * h}};
     butterfly(odd);
+    ARK_UNROLL
     for (int i = 0; i < 4; i++) {
         x[2 * i] = even[i];
         x[2 * i + 1] = odd[i];
@@ -312,6 +313,20 @@ ARK_INLINE std::ptrdiff_t nextReversed(std::ptrdiff_t place, std::ptrdiff_t coun
     return place | bit;
 }
 
+// Calls body(place, index) for every group of places in bit-reversed order, with the first place and all indices of the
+// group; count is a multiple of it.
+template <int group, class Body>
+ARK_INLINE void inReversedOrder(std::ptrdiff_t count, Body body)
+{
+    for (std::ptrdiff_t first = 0, next = 0; first < count; first += group, next = nextReversed(next, count / group)) {
+        std::ptrdiff_t index[group];
+        ARK_UNROLL
+        for (int i = 0; i < group; i++)
+            index[i] = next + reversed(i, group) * (count / group);
+        body(first, index);
+    }
+}
+
 // The radices of the transform of 2^m rows, and the size of their table: of every pass but the last.
 struct Plan {
     int m, passes;
@@ -347,12 +362,15 @@ ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std:
             const R* w = table + p * 2 * (radix - 1);
             const auto factor = [&](int j) { return Cplx<V>{all<R, W>(w[2 * j - 2]), all<R, W>(w[2 * j - 1])}; };
             Cplx<V> x[radix];
+            ARK_UNROLL
             for (int t = 0; t < radix; t++)
                 x[toReversed ? t : reversed(t, radix)] = source(block + p + t * apart);
             if (!toReversed && apart > 1)
+                ARK_UNROLL
                 for (int j = 1; j < radix; j++)
                     x[j] = x[j] * factor(j);
             butterfly(x);
+            ARK_UNROLL
             for (int j = 0; j < radix; j++)
                 target(block + p + (toReversed ? reversed(j, radix) : j) * apart,
                        toReversed && apart > 1 && j > 0 ? x[j] * factor(j) : x[j]);
@@ -392,9 +410,11 @@ ARK_INLINE void lastPass(Source source, Target target, std::ptrdiff_t M)
 {
     for (std::ptrdiff_t block = 0, k = 0; block < M; block += radix, k = nextReversed(k, M / radix)) {
         Cplx<Reg<R, W>> x[radix];
+        ARK_UNROLL
         for (int t = 0; t < radix; t++)
             x[t] = source(block + t);
         butterfly(x);
+        ARK_UNROLL
         for (int j = 0; j < radix; j++)
             target(k + j * (M / radix), x[j]);
     }
@@ -464,66 +484,100 @@ ARK_INLINE void transposeBlocks(V (&x)[4])
     x[3] = shuffled<oddBlocks<P>>(b, d);
 }
 
-// The constants of a register's own transform, in the table: the factors of the radix-2 step of lanesToNatural, then those
-// of every stage of transformLanes but the one at distance 1.
+// The constants of a register's own transform, in the table: the factors of the radix-2 step of fillTile, then those
+// between the upper and the lower stages of transformLanes, which only registers of 8 and 16 lanes need.
 template <class R, int W>
 struct LaneConstants {
-    static constexpr int P = int(16 / sizeof(R)), halfFactors = P / 2, stages = log2Of(W) - 1;
-    static constexpr int size = (halfFactors + stages) * 2 * W;
+    static constexpr int halfFactors = int(8 / sizeof(R)), size = (halfFactors + 1) * 2 * W;
     const R* table;
     ARK_INLINE Cplx<Reg<R, W>> half(int p) const { return getCplx<R, W>(table + p * 2 * W); }
-    ARK_INLINE Cplx<Reg<R, W>> stage(int distance) const
-    {
-        return getCplx<R, W>(table + (halfFactors + log2Of(distance) - 1) * 2 * W);
-    }
+    ARK_INLINE Cplx<Reg<R, W>> stages() const { return half(halfFactors); }
 };
 
+// W rows k on their way to natural order, between the two halves of lanesToNatural: [q1][p0][group], W real and W imaginary
+// parts. Registers would not hold them.
+template <class R, int W>
+struct Tile {
+    static constexpr int P = int(16 / sizeof(R)), B = W / P, half = P / 2;
+    alignas(64) R part[2][half][B][2 * W];
+};
+
+// The factors w_N^(l k), the transposition inside blocks, and radix 2 over the upper half of the lanes.
+template <class R, int W, class Source>
+ARK_INLINE void fillTile(Tile<R, W>& tile, Source source, std::ptrdiff_t place, std::ptrdiff_t apart, const R* table,
+                         LaneConstants<R, W> constants)
+{
+    using V = Reg<R, W>;
+    constexpr int P = Tile<R, W>::P, half = Tile<R, W>::half;
+    ARK_UNROLL
+    for (int group = 0; group < Tile<R, W>::B; group++) {
+        V re[P], im[P];
+        ARK_UNROLL
+        for (int r = 0; r < P; r++) {
+            const int i = elementOf<P>(group * P + r, W);
+            const Cplx<V> x = source(place + reversed(i, W) * apart) * getCplx<R, W>(table + i * 2 * W);
+            re[r] = x.re;
+            im[r] = x.im;
+        }
+        transposeInBlocks(re);
+        transposeInBlocks(im);
+        ARK_UNROLL
+        for (int p = 0; p < half; p++) {
+            const Cplx<V> a{re[p], im[p]}, b{re[p + half], im[p + half]};
+            const Cplx<V> sum = a + b, difference = (a - b) * constants.half(p);
+            put(tile.part[0][p][group], sum.re);
+            put(tile.part[0][p][group] + W, sum.im);
+            put(tile.part[1][p][group], difference.re);
+            put(tile.part[1][p][group] + W, difference.im);
+        }
+    }
+}
+
+// The transposition of blocks and radix W / 2.
+template <class R, int W, class Target>
+ARK_INLINE void emptyTile(const Tile<R, W>& tile, Target target, std::ptrdiff_t k0, std::ptrdiff_t M)
+{
+    using V = Reg<R, W>;
+    constexpr int P = Tile<R, W>::P, B = Tile<R, W>::B, half = Tile<R, W>::half, H = W / 2;
+    ARK_UNROLL
+    for (int q1 = 0; q1 < 2; q1++) {
+        Cplx<V> x[H];
+        ARK_UNROLL
+        for (int p = 0; p < half; p++) {
+            V re[B], im[B];
+            ARK_UNROLL
+            for (int group = 0; group < B; group++) {
+                re[group] = get<R, W>(tile.part[q1][p][group]);
+                im[group] = get<R, W>(tile.part[q1][p][group] + W);
+            }
+            transposeBlocks<P>(re);
+            transposeBlocks<P>(im);
+            ARK_UNROLL
+            for (int b = 0; b < B; b++)
+                x[half * b + p] = {re[b], im[b]};
+        }
+        butterfly(x);
+        ARK_UNROLL
+        for (int q2 = 0; q2 < H; q2++)
+            target(k0 + M * (q1 + 2 * q2), x[q2]);
+    }
+}
+
 // Natural order, from rows in bit-reversed order: for W rows k at a time, the transform over the lanes of each, written
-// where k + M q stands.
+// where k + M q stands. A tile is filled while the one before it is emptied, so that neither waits for memory.
 template <class R, int W, class Target>
 void lanesToNatural(Rows<R> rows, Target target, std::ptrdiff_t M, const R* table, LaneConstants<R, W> constants)
 {
-    using V = Reg<R, W>;
-    constexpr int P = placesOf<V>, B = W / P, half = P / 2, H = W / 2;
     const InnerSource<R, W> source{rows};
-    for (std::ptrdiff_t k0 = 0, place = 0; k0 < M; k0 += W, place = nextReversed(place, M / W)) {
-        alignas(64) R tile[2][half][B][2 * W]; // results of the radix-2 step; registers would not hold them
-        for (int group = 0; group < B; group++) {
-            V re[P], im[P];
-            for (int r = 0; r < P; r++) {
-                const int i = elementOf<P>(group * P + r, W);
-                const Cplx<V> x = source(place + reversed(i, W) * (M / W)) * getCplx<R, W>(table + (k0 + i) * 2 * W);
-                re[r] = x.re;
-                im[r] = x.im;
-            }
-            transposeInBlocks(re);
-            transposeInBlocks(im);
-            for (int p = 0; p < half; p++) {
-                const Cplx<V> a{re[p], im[p]}, b{re[p + half], im[p + half]};
-                const Cplx<V> sum = a + b, difference = (a - b) * constants.half(p);
-                put(tile[0][p][group], sum.re);
-                put(tile[0][p][group] + W, sum.im);
-                put(tile[1][p][group], difference.re);
-                put(tile[1][p][group] + W, difference.im);
-            }
+    Tile<R, W> tiles[2];
+    fillTile(tiles[0], source, 0, M / W, table, constants);
+    std::ptrdiff_t place = 0;
+    for (std::ptrdiff_t k0 = 0; k0 < M; k0 += W) {
+        if (k0 + W < M) {
+            place = nextReversed(place, M / W);
+            fillTile(tiles[(k0 / W + 1) % 2], source, place, M / W, table + (k0 + W) * 2 * W, constants);
         }
-        for (int q1 = 0; q1 < 2; q1++) {
-            Cplx<V> x[H];
-            for (int p = 0; p < half; p++) {
-                V re[B], im[B];
-                for (int group = 0; group < B; group++) {
-                    re[group] = get<R, W>(tile[q1][p][group]);
-                    im[group] = get<R, W>(tile[q1][p][group] + W);
-                }
-                transposeBlocks<P>(re);
-                transposeBlocks<P>(im);
-                for (int b = 0; b < B; b++)
-                    x[half * b + p] = {re[b], im[b]};
-            }
-            butterfly(x);
-            for (int q2 = 0; q2 < H; q2++)
-                target(k0 + M * (q1 + 2 * q2), x[q2]);
-        }
+        emptyTile(tiles[k0 / W % 2], target, k0, M);
     }
 }
 
@@ -539,31 +593,72 @@ ARK_INLINE Reg<R, W> signsIn(std::index_sequence<lane...>)
     return Reg<R, W>{(elementOf<int(16 / sizeof(R))>(int(lane), W) & distance ? R(-1) : R(1))...};
 }
 
-// One stage of the transform over the lanes of one register: x[e] + x[e + distance] and x[e] - x[e + distance].
+// Several registers go through every stage together: one alone would wait for each of its results.
+template <class R, int W>
+inline constexpr int together = W < 4 ? W : 4;
+template <class R, int W>
+using Together = Cplx<Reg<R, W>>[together<R, W>];
+
+// One stage of the transform over the lanes of a register: x[e] + x[e + distance] and x[e] - x[e + distance].
 template <class R, int W, int distance>
-ARK_INLINE Cplx<Reg<R, W>> laneStage(Cplx<Reg<R, W>> x)
+ARK_INLINE void laneStage(Together<R, W>& x)
 {
     constexpr auto partner = partnerOf<int(16 / sizeof(R)), distance>;
     const Reg<R, W> sign = signsIn<R, W, distance>(std::make_index_sequence<W>{});
-    return {x.re * sign + shuffled<partner>(x.re, x.re), x.im * sign + shuffled<partner>(x.im, x.im)};
+    ARK_UNROLL
+    for (auto& y : x)
+        y = {y.re * sign + shuffled<partner>(y.re, y.re), y.im * sign + shuffled<partner>(y.im, y.im)};
 }
 
-// The transform over the lanes of one register: natural order in and bit-reversed order out, or the opposite.
-template <class R, int W, bool toReversed, int distance = toReversed ? W / 2 : 1>
-ARK_INLINE Cplx<Reg<R, W>> transformLanes(Cplx<Reg<R, W>> x, LaneConstants<R, W> constants)
+// Lanes that are in the upper half of both pairs: from a to b there.
+template <int P, int distance>
+constexpr int upperOfBoth(int lane, int lanes)
 {
-    if constexpr (toReversed) {
-        x = laneStage<R, W, distance>(x);
-        if constexpr (distance > 1)
-            return transformLanes<R, W, true, distance / 2>(x * constants.stage(distance), constants);
-    } else {
-        if constexpr (distance > 1)
-            x = x * constants.stage(distance);
-        x = laneStage<R, W, distance>(x);
-        if constexpr (distance < W / 2)
-            return transformLanes<R, W, false, distance * 2>(x, constants);
+    const int element = elementOf<P>(lane, lanes);
+    return element & distance && element & distance / 2 ? lane + lanes : lane;
+}
+
+// Two stages, which together are a radix 4 but for factors that commute with the one between them: at a distance and at
+// half of it, or the opposite. In between, the upper half of both is multiplied by -i.
+template <class R, int W, bool toReversed, int distance>
+ARK_INLINE void twoLaneStages(Together<R, W>& x)
+{
+    constexpr auto rotated = upperOfBoth<int(16 / sizeof(R)), distance>;
+    laneStage<R, W, toReversed ? distance : distance / 2>(x);
+    ARK_UNROLL
+    for (auto& y : x)
+        y = {shuffled<rotated>(y.re, y.im), shuffled<rotated>(y.im, -y.re)};
+    laneStage<R, W, toReversed ? distance / 2 : distance>(x);
+}
+
+// The transform over the lanes of registers: natural order in and bit-reversed order out, or the opposite.
+template <class R, int W, bool toReversed>
+ARK_INLINE void transformLanes(Together<R, W>& x, LaneConstants<R, W> constants)
+{
+    if constexpr (W == 2)
+        return laneStage<R, W, 1>(x);
+    else if constexpr (W == 4)
+        return twoLaneStages<R, W, toReversed, 2>(x);
+    else {
+        const auto lower = [&] {
+            if constexpr (W == 8)
+                laneStage<R, W, 1>(x);
+            else
+                twoLaneStages<R, W, toReversed, 2>(x);
+        };
+        if constexpr (toReversed)
+            twoLaneStages<R, W, toReversed, W / 2>(x);
+        else
+            lower();
+        const Cplx<Reg<R, W>> factors = constants.stages();
+        ARK_UNROLL
+        for (auto& y : x)
+            y = y * factors;
+        if constexpr (toReversed)
+            lower();
+        else
+            twoLaneStages<R, W, toReversed, W / 2>(x);
     }
-    return x;
 }
 
 // ---- tables ----
@@ -650,12 +745,12 @@ void fillRowsTable(const Plan& plan, R* table)
     }
 }
 
-// The widest register in which an order has a square of rows and lanes; 0 for the orders that are done in scalars.
+// The widest register of which an order has 4 rows; 0 for the orders that are done in scalars.
 template <class R>
 ARK_INLINE int widthFor(int order)
 {
     for (int width = lanes<R>; width >= int(16 / sizeof(R)); width /= 2)
-        if (order >= 2 * log2Of(width))
+        if (order >= log2Of(width) + 2)
             return width;
     return 0;
 }
@@ -689,7 +784,7 @@ struct Head {
             head.plan = Plan::of(order - log2Of(head.W));
             head.rows = add(head.plan.tableSize);
             head.lanes = add(std::ptrdiff_t{2} << order);
-            head.constants = add((std::ptrdiff_t(8 / sizeof(R)) + log2Of(head.W) - 1) * 2 * W);
+            head.constants = add((std::ptrdiff_t(8 / sizeof(R)) + 1) * 2 * W);
         } else if (W > 0) {
             head.plan = Plan::of(order - order / 2);
             head.restPlan = Plan::of(order / 2);
@@ -715,19 +810,21 @@ void fillShortTable(const Head<R>& head, R* table)
     const Roots<R> roots(head.order);
     R* at = table + head.lanes;
     for (std::size_t k = 0; k < std::size_t{1} << head.plan.m; k++, at += 2 * W)
+        ARK_UNROLL
         for (int lane = 0; lane < W; lane++)
             roots.get(k * element(lane), at[lane], at[W + lane]);
     // LaneConstants: powers of w_W, in the steps of this order's roots.
     at = table + head.constants;
     const std::size_t unit = std::size_t{1} << head.plan.m;
     for (int p = 0; p < P / 2; p++, at += 2 * W)
+        ARK_UNROLL
         for (int lane = 0; lane < W; lane++)
             roots.get(unit * std::size_t(lane / P * (P / 2) + p), at[lane], at[W + lane]);
-    for (std::size_t distance = 2; distance < std::size_t(W); distance *= 2, at += 2 * W)
-        for (int lane = 0; lane < W; lane++) {
-            const std::size_t e = element(lane), turns = e & distance ? e % distance : 0;
-            roots.get(unit * turns * (std::size_t(W) / 2 / distance), at[lane], at[W + lane]);
-        }
+    for (int lane = 0; lane < W; lane++) {
+        // w_W^(u1 e0) w_(W/2)^(u2 e0), u1 and u2 the upper bits of the element and e0 the others
+        const std::size_t e = element(lane), quarter = std::size_t(W) / 4, e0 = quarter > 1 ? e % quarter : 0;
+        roots.get(e0 == 0 ? 0 : unit * e0 * (e / (2 * quarter) + e / quarter % 2 * 2), at[lane], at[W + lane]);
+    }
 }
 
 template <class R>
@@ -820,6 +917,104 @@ void shortToNatural(const Job<R>& job)
     });
 }
 
+template <class V, std::size_t... place>
+ARK_INLINE auto blockIn(V v, int block, std::index_sequence<place...>)
+{
+    constexpr int P = sizeof...(place);
+    switch (block) {
+    case 0: return __builtin_shufflevector(v, v, int(place)...);
+    case 1: return __builtin_shufflevector(v, v, (int(place) + P) % lanesOf<V>...);
+    case 2: return __builtin_shufflevector(v, v, (int(place) + 2 * P) % lanesOf<V>...);
+    default: return __builtin_shufflevector(v, v, (int(place) + 3 * P) % lanesOf<V>...);
+    }
+}
+template <class V>
+ARK_INLINE auto blockOf(V v, int block)
+{
+    return blockIn(v, block, std::make_index_sequence<placesOf<V>>{});
+}
+
+template <class R, int W, bool toReversed, int M>
+ARK_INLINE void transformLanesOf(Cplx<Reg<R, W>> (&x)[M], LaneConstants<R, W> constants)
+{
+    constexpr int group = together<R, W>;
+    ARK_UNROLL
+    for (int k = 0; k < M; k += group) {
+        Together<R, W> y;
+        ARK_UNROLL
+        for (int i = 0; i < group; i++)
+            y[i] = x[k + i];
+        transformLanes<R, W, toReversed>(y, constants);
+        ARK_UNROLL
+        for (int i = 0; i < group; i++)
+            x[k + i] = y[i];
+    }
+}
+
+// So few rows that all of them are in registers.
+template <class R, int W, Form form, FftOrder fftOrder, int M>
+void fewRows(const Job<R>& job)
+{
+    using V = Reg<R, W>;
+    constexpr int P = placesOf<V>, B = W / P;
+    constexpr bool fromReversed = fftOrder == bitReversedInput;
+    const OuterSource<R, W, form> source{job.src, 0, W};
+    const OuterTarget<R, W, form, true> target{job.dst, 0, W, job.scale};
+    const LaneConstants<R, W> constants{job.table + job.head().constants};
+    const R* const factors = job.table + job.head().lanes;
+    Cplx<V> x[M];
+    ARK_UNROLL
+    for (int n = 0; n < M; n++)
+        x[fromReversed ? reversed(n, M) : n] = source(n);
+    if constexpr (fromReversed)
+        transformLanesOf<R, W, false>(x, constants);
+    else
+        butterfly(x);
+    ARK_UNROLL
+    for (int k = 1; k < M; k++)
+        x[k] = x[k] * getCplx<R, W>(factors + k * 2 * W);
+    if constexpr (fromReversed)
+        butterfly(x);
+    else
+        transformLanesOf<R, W, true>(x, constants);
+    if constexpr (fftOrder != naturalOrder) {
+        ARK_UNROLL
+        for (int k = 0; k < M; k++)
+            target(fromReversed ? k : reversed(k, M), x[k]);
+        return;
+    }
+    ARK_UNROLL
+    for (int k = 0; k < M; k++)
+        x[k] = {x[k].re * job.scale, x[k].im * job.scale};
+    // P rows k of one result q of the lanes are neighbours.
+    ARK_UNROLL
+    for (int k = 0; k < M; k += P) {
+        V re[P], im[P];
+        ARK_UNROLL
+        for (int i = 0; i < P; i++) {
+            re[i] = form == inversePairs ? x[k + i].im : x[k + i].re;
+            im[i] = form == inversePairs ? x[k + i].re : x[k + i].im;
+        }
+        transposeInBlocks(re);
+        transposeInBlocks(im);
+        ARK_UNROLL
+        for (int p = 0; p < P; p++) {
+            const V low = shuffled<unpackLow<P, 1>>(re[p], im[p]), high = shuffled<unpackHigh<P, 1>>(re[p], im[p]);
+            ARK_UNROLL
+            for (int b = 0; b < B; b++) {
+                const int at = reversed(elementOf<P>(b * P + p, W), W) * M + k;
+                if constexpr (form == separateParts) {
+                    put(job.dst.re + at, blockOf(re[p], b));
+                    put(job.dst.im + at, blockOf(im[p], b));
+                } else {
+                    put(job.dst.re + 2 * at, blockOf(low, b));
+                    put(job.dst.re + 2 * at + P, blockOf(high, b));
+                }
+            }
+        }
+    }
+}
+
 // The two bit-reversed orders work in place in dst; row r holds what stands at r W. The vector may begin at element first.
 template <class R, int W, Form form>
 void shortToReversed(const Job<R>& job, std::ptrdiff_t first)
@@ -835,8 +1030,16 @@ void shortToReversed(const Job<R>& job, std::ptrdiff_t first)
     const R* const factors = job.table + head.lanes;
     const InnerSource<R, W> source{rows};
     withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
-        for (std::ptrdiff_t row = 0, k = 0; row < M; row++, k = nextReversed(k, M))
-            target(row, transformLanes<R, W, true>(source(row) * getCplx<R, W>(factors + k * 2 * W), constants));
+        inReversedOrder<together<R, W>>(M, [&](std::ptrdiff_t row, const auto& k) {
+            Together<R, W> x;
+            ARK_UNROLL
+            for (int i = 0; i < together<R, W>; i++)
+                x[i] = source(row + i) * getCplx<R, W>(factors + k[i] * 2 * W);
+            transformLanes<R, W, true>(x, constants);
+            ARK_UNROLL
+            for (int i = 0; i < together<R, W>; i++)
+                target(row + i, x[i]);
+        });
     });
 }
 
@@ -852,8 +1055,16 @@ void shortFromReversed(const Job<R>& job, std::ptrdiff_t first)
     const R* const factors = job.table + head.lanes;
     const OuterSource<R, W, form> source{job.src, first, W};
     const InnerTarget<R, W> inner{rows};
-    for (std::ptrdiff_t row = 0, k = 0; row < M; row++, k = nextReversed(k, M))
-        inner(row, transformLanes<R, W, false>(source(row), constants) * getCplx<R, W>(factors + k * 2 * W));
+    inReversedOrder<together<R, W>>(M, [&](std::ptrdiff_t row, const auto& k) {
+        Together<R, W> x;
+        ARK_UNROLL
+        for (int i = 0; i < together<R, W>; i++)
+            x[i] = source(row + i);
+        transformLanes<R, W, false>(x, constants);
+        ARK_UNROLL
+        for (int i = 0; i < together<R, W>; i++)
+            inner(row + i, x[i] * getCplx<R, W>(factors + k[i] * 2 * W));
+    });
     withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
         transformRowsFromReversed<R, W>(head.plan, rows, target, job.table + head.rows);
     });
@@ -885,16 +1096,21 @@ ARK_INLINE void transpose(V* x)
 {
     constexpr int P = placesOf<V>, B = lanesOf<V> / P;
     V inBlocks[B][P];
+    ARK_UNROLL
     for (int group = 0; group < B; group++) {
+        ARK_UNROLL
         for (int r = 0; r < P; r++)
             inBlocks[group][r] = x[group * P + r];
         transposeInBlocks(inBlocks[group]);
     }
+    ARK_UNROLL
     for (int p = 0; p < P; p++) {
         V blocks[B];
+        ARK_UNROLL
         for (int group = 0; group < B; group++)
             blocks[group] = inBlocks[group][p];
         transposeBlocks<P>(blocks);
+        ARK_UNROLL
         for (int b = 0; b < B; b++)
             x[b * P + p] = blocks[b];
     }
@@ -918,6 +1134,7 @@ void matrixToNatural(const Job<R>& job)
                                       job.table + head.rows);
         for (std::ptrdiff_t k0 = 0, place = 0; k0 < N1; k0 += W, place = nextReversed(place, N1 / W)) {
             V re[W], im[W];
+            ARK_UNROLL
             for (int lane = 0; lane < W; lane++) {
                 const int i = elementOf<P>(lane, W);
                 const Cplx<V> x = source(place + reversed(i, W) * (N1 / W)) * factors(k0 + i, c);
@@ -927,6 +1144,7 @@ void matrixToNatural(const Job<R>& job)
             transpose(re);
             transpose(im);
             R* const to = turned + (k0 * N2 + c * W) * 2;
+            ARK_UNROLL
             for (int lane = 0; lane < W; lane++) {
                 put(to + elementOf<P>(lane, W) * 2 * W, re[lane]);
                 put(to + elementOf<P>(lane, W) * 2 * W + W, im[lane]);
@@ -960,8 +1178,11 @@ void matrixToReversed(const Job<R>& job)
         transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2}, rows,
                                       job.table + head.rows);
         const OuterTarget<R, W, form, false> target{job.dst, c, N2, 1};
-        for (std::ptrdiff_t row = 0, k = 0; row < N1; row++, k = nextReversed(k, N1))
-            target(row, source(row) * factors(k, c));
+        inReversedOrder<4>(N1, [&](std::ptrdiff_t row, const auto& k) {
+            ARK_UNROLL
+            for (int i = 0; i < 4; i++)
+                target(row + i, source(row + i) * factors(k[i], c));
+        });
     }
     const FftVector<const R> between{job.dst.re, job.dst.im};
     for (std::ptrdiff_t row = 0; row < N1; row++)
@@ -981,8 +1202,11 @@ void matrixFromReversed(const Job<R>& job)
     const MatrixFactors<R, W> factors(job);
     for (std::ptrdiff_t c = 0; c < N2; c += W) {
         const OuterSource<R, W, form> source{{job.dst.re, job.dst.im}, c, N2};
-        for (std::ptrdiff_t row = 0, k = 0; row < N1; row++, k = nextReversed(k, N1))
-            inner(row, source(row) * factors(k, c));
+        inReversedOrder<4>(N1, [&](std::ptrdiff_t row, const auto& k) {
+            ARK_UNROLL
+            for (int i = 0; i < 4; i++)
+                inner(row + i, source(row + i) * factors(k[i], c));
+        });
         withTarget<R, W, form>(job.dst, c, N2, job.scale, [&](auto target) {
             transformRowsFromReversed<R, W>(head.plan, rows, target, job.table + head.rows);
         });
@@ -1019,6 +1243,10 @@ void inRegisters(const Job<R>& job)
             else
                 return matrixFromReversed<R, W, form>(job);
         }
+    if (job.head().plan.m == 2)
+        return fewRows<R, W, form, fftOrder, 4>(job);
+    if (job.head().plan.m == 3)
+        return fewRows<R, W, form, fftOrder, 8>(job);
     if constexpr (fftOrder == naturalOrder)
         return shortToNatural<R, W, form>(job);
     else if constexpr (fftOrder == bitReversedOutput)
