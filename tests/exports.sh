@@ -36,10 +36,11 @@ case $("$objdump" --file-headers "$library") in
 *)
     # Lines of the table: value, flags, section, size, version, name. What is undefined is imported; the version's own
     # name has no section either.
-    exported=$("$objdump" --dynamic-syms "$library" | awk '$2 ~ /^[gwu]$/ && !/\*UND\*/ && !/\*ABS\*/ { print $NF }')
+    symbols=$("$objdump" --dynamic-syms "$library")
+    exported=$(awk '$2 ~ /^[gwu]$/ && !/\*UND\*/ && !/\*ABS\*/ { print $NF }' <<<"$symbols")
     allowed='libc\.so\.6|libm\.so\.6|ld-linux[-a-z0-9_]*\.so\.[12]'
     # Instrumented code calls the run-time library of its sanitizer, and that of C++.
-    if "$objdump" --dynamic-syms "$library" | grep -qE '\*UND\*.* __(a|ub)san_'; then
+    if grep -qE '\*UND\*.* __(a|ub)san_' <<<"$symbols"; then
         allowed+='|lib(a|ub)san\.so.*|libstdc\+\+\.so\.6|libgcc_s\.so\.1'
     fi
     needed=$("$objdump" --private-headers "$library" | sed -n 's/^ *NEEDED *//p')

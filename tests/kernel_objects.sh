@@ -17,8 +17,10 @@ failed=0
 # shared_definitions OBJECT: what the linker may take from this object on behalf of others. ELF: symbols that are weak
 # (w) or unique (u) and not merely referred to. COFF: sections with the flag LINK_ONCE.
 shared_definitions() {
-    "$objdump" --syms "$1" | awk '/^[0-9a-f]+ +[!gl]?[wu]/ && !/\*UND\*/'
-    "$objdump" --section-headers "$1" | grep -B 1 LINK_ONCE || true
+    case $("$objdump" --file-headers "$1") in
+    *"file format elf"*) "$objdump" --syms "$1" | awk '/^[0-9a-f]+ +[!gl]?[wu]/ && !/\*UND\*/' ;;
+    *) "$objdump" --section-headers "$1" | grep -B 1 LINK_ONCE || true ;;
+    esac
 }
 
 # avx_instructions OBJECT: instructions that use a wide or a mask register or have a three-operand (VEX) name. The only

@@ -71,12 +71,12 @@ public:
     enum class Tells { no, yes };
 
     explicit Person(std::vector<int> answers, Tells tells = Tells::no)
-        : tells_{tells == Tells::yes}, thread_{[this, answers = std::move(answers)] {
+        : tells_{tells == Tells::yes},
+          thread_{[this, answers = std::move(answers)] {
               for (const int answer : answers)
                   press(answer);
           }}
-    {
-    }
+    {}
 
     // To be called when no box can be there any more.
     std::vector<Box> saw()
@@ -248,6 +248,7 @@ std::size_t heapBlocks()
 TEST(Attach, ThreadsLeaveNoContextBehind)
 {
     const LoadedDll library;
+    ASSERT_TRUE(library.isThere());
     const auto runThreads = [&](int count) {
         for (int i = 0; i < count; i++)
             std::thread([&] { library.setStatus(library.status() - 1); }).join();
@@ -261,13 +262,17 @@ TEST(Attach, ThreadsLeaveNoContextBehind)
 
 [[noreturn]] void callFromOlderThread()
 {
+    std::atomic<bool> runs{false};
     std::atomic<LoadedDll*> loaded{nullptr};
     std::thread older{[&] {
+        runs = true;
         while (!loaded)
             Sleep(1);
         loaded.load()->status();
         std::_Exit(returned);
     }};
+    while (!runs)
+        Sleep(1);
     LoadedDll library;
     Person person{{IDOK, IDOK}, Person::Tells::yes};
     loaded = &library;
