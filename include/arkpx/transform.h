@@ -177,8 +177,8 @@ enum {
  * error of a result grows with the square root of the order: a few units in the last place of the largest.
  *
  * In place, or (Nip) from one array into another; the two are equal or do not overlap, and give results that are equal to
- * the bit, as do separate arrays. Null pointers: "samps==0"; "reSamps==0", "imSamps==0"; "inSamps==0", "outSamps==0";
- * "reInSamps==0", "imInSamps==0", "reOutSamps==0", "imOutSamps==0".
+ * the bit. Separate arrays give the same up to rounding. Null pointers: "samps==0"; "reSamps==0", "imSamps==0";
+ * "inSamps==0", "outSamps==0"; "reInSamps==0", "imInSamps==0", "reOutSamps==0", "imOutSamps==0".
  * --------------------------------------------------------------------------------------------------------------- */
 ARKPX_API void arkcFft(FloatCplx* samps, int order, int flags);
 ARKPX_API void arkzFft(DoubleCplx* samps, int order, int flags);

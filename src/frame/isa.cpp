@@ -20,7 +20,7 @@ extern const RealKernels<float> realS;
 extern const RealKernels<double> realD;
 
 // In the order of the bases of Kernels.
-constinit const Kernels kernels{{fill},  {arithS}, {arithD},   {arithC},   {arithZ}, {conjC}, {conjZ}, {conjV},
-                                {arithW}, {convertS}, {convertD}, {fftC}, {fftZ}, {realS}, {realD}};
+constinit const Kernels kernels{{fill},   {arithS},   {arithD},   {arithC}, {arithZ}, {conjC}, {conjZ}, {conjV},
+                                {arithW}, {convertS}, {convertD}, {fftC},   {fftZ},   {realS}, {realD}};
 
 } // namespace ark::ARK_SET

@@ -7,11 +7,12 @@
 
 namespace ark {
 
-// One block of the heap: a table or a working buffer. An empty slot is all zeros, so that a zero-filled context is ready.
+// One block of the heap: a table or a working buffer. An empty slot is all zeros, so that a zero-filled context is
+// ready.
 class Slot {
 public:
-    // The table: built on first request, by fill(T* table) in a block of count() elements, and the same block from then on.
-    // Null when there is no memory.
+    // The table: built on first request, by fill(T* table) in a block of count() elements, and the same block from then
+    // on. Null when there is no memory.
     template <class T, class Count, class Fill>
     T* table(Count count, Fill fill)
     {
@@ -23,7 +24,8 @@ public:
         return static_cast<T*>(block_);
     }
 
-    // A working buffer of at least count elements. What it held is lost when it must grow. Null when there is no memory.
+    // A working buffer of at least count elements. What it held is lost when it must grow. Null when there is no
+    // memory.
     template <class T>
     T* buffer(std::size_t count)
     {

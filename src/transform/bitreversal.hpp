@@ -32,10 +32,10 @@ inline void fillBitReversal(int* table, int order)
     }
 }
 
-// A long vector is permuted in square tiles of a cache line's length. An index is (row, middle, column) with tileBits bits
-// for row and column; the element belongs to tile middle, and its place after the reversal to the tile of the reversed
-// middle, there in row reverse(column) and column reverse(row). So every line of memory is read and written once, as a
-// whole, whatever the associativity of the cache makes of rows that are a power of two apart.
+// A long vector is permuted in square tiles of a cache line's length. An index is (row, middle, column) with tileBits
+// bits for row and column; the element belongs to tile middle, and its place after the reversal to the tile of the
+// reversed middle, there in row reverse(column) and column reverse(row). So every line of memory is read and written
+// once, as a whole, whatever the associativity of the cache makes of rows that are a power of two apart.
 template <class T>
 class Tile {
 public:

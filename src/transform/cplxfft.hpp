@@ -25,8 +25,8 @@ void transformPairs(const R* src, R* dst, int order, int flags, const Workspace<
 }
 
 template <class R, std::size_t count>
-void cplxFft(Where at, const Check (&nulls)[count], FftLayout layout, FftVector<const R> src, FftVector<R> dst, int order,
-             int flags)
+void cplxFft(Where at, const Check (&nulls)[count], FftLayout layout, FftVector<const R> src, FftVector<R> dst,
+             int order, int flags)
 {
     Workspace<R> space;
     if (!ready(at, cplxKind, nulls, order, flags, space))
@@ -48,7 +48,8 @@ template <class T>
 void fft(Where at, T* samps, int order, int flags)
 {
     using R = Real<T>;
-    cplxFft<R>(at, {{!samps, "samps==0"}}, interleaved, pairsIn<T>(static_cast<const T*>(samps)), pairsIn(samps), order, flags);
+    cplxFft<R>(at, {{!samps, "samps==0"}}, interleaved, pairsIn<T>(static_cast<const T*>(samps)), pairsIn(samps), order,
+               flags);
 }
 template <class T>
 void fft(Where at, const T* in, T* out, int order, int flags)

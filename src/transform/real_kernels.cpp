@@ -46,9 +46,9 @@ ARK_INLINE Pairs<R, W> timesI(Pairs<R, W> v)
     return (Pairs<R, W>)((typename PairsOf<R, W>::Bits)permute<otherPart>(v) ^ signs);
 }
 
-// The vectors walk from both ends to the middle: k ... k + W - 1 and, mirrored, M - k - W + 1 ... M - k. The last two share
-// the element M/2, for which both formulas give the same. What comes next is loaded before anything is stored: with dst one
-// real away from src the two overlap.
+// The vectors walk from both ends to the middle: k ... k + W - 1 and, mirrored, M - k - W + 1 ... M - k. The last two
+// share the element M/2, for which both formulas give the same. What comes next is loaded before anything is stored:
+// with dst one real away from src the two overlap.
 template <class R, int W, bool forward>
 void recombineBy(const R* src, R* dst, std::ptrdiff_t M, const R* table, R sumFactor, R differenceFactor)
 {
@@ -89,7 +89,8 @@ void recombine(const R* src, R* dst, int order, const R* table, R sumFactor, R d
 }
 
 template <class R>
-void separate(const R* __restrict re, const R* __restrict im, R* __restrict x, R* __restrict y, std::ptrdiff_t n, R factor)
+void separate(const R* __restrict re, const R* __restrict im, R* __restrict x, R* __restrict y, std::ptrdiff_t n,
+              R factor)
 {
     x[0] = 2 * factor * re[0];
     y[0] = 2 * factor * im[0];

@@ -54,8 +54,8 @@ void spectrumToReal(const R* src, R* dst, SpectrumLayout layout, int order, int 
 
 inline constexpr bool toSpectrum = true, toReal = false;
 
-// A transform of one real signal: direction says which side the spectrum is on. The single element of order 0 is copied,
-// as (x, 0) into a spectrum in CCS of its own.
+// A transform of one real signal: direction says which side the spectrum is on. The single element of order 0 is
+// copied, as (x, 0) into a spectrum in CCS of its own.
 template <bool direction, class R, std::size_t count>
 void realFft(Where at, const TransformKind& kind, const Check (&nulls)[count], const R* src, R* dst,
              SpectrumLayout (*layoutOf)(int order), int order, int flags)
@@ -101,8 +101,8 @@ auto packedLayout(int flags)
 template <bool direction, class R>
 void packedFft(Where at, R* samps, int order, int flags)
 {
-    realFft<direction, R>(at, packedKind<direction>, {{!samps, "samps==0"}}, samps, samps, packedLayout<direction>(flags),
-                          order, flags);
+    realFft<direction, R>(at, packedKind<direction>, {{!samps, "samps==0"}}, samps, samps,
+                          packedLayout<direction>(flags), order, flags);
 }
 template <bool direction, class R>
 void packedFft(Where at, const R* in, R* out, int order, int flags)
@@ -158,8 +158,10 @@ void twoSignals(Where at, Inner inner, const In* xIn, const In* yIn, Out* xOut, 
         return release<R>(twoSignalsKind, order);
     const bool init = has(flags, ARK_Init);
     if (!orderGood(at, order) ||
-        !(init || (firstGood(at, {{!xIn, "xInSamps==0"}, {!yIn, "yInSamps==0"}, {!xOut, "xOutSamps==0"}, {!yOut, "yOutSamps==0"}}) &&
-                   flagsGood(at, twoSignalsKind, flags))))
+        !(init ||
+          (firstGood(
+               at, {{!xIn, "xInSamps==0"}, {!yIn, "yInSamps==0"}, {!xOut, "xOutSamps==0"}, {!yOut, "yOutSamps==0"}}) &&
+           flagsGood(at, twoSignalsKind, flags))))
         return;
     Workspace<R> space;
     if (!obtainOrReport<R>({inner.function, at.module, at.line}, twoSignalsKind, order, space))

@@ -31,10 +31,10 @@ Root<Wide> rootOf(std::size_t k, int order) // of the angle pi k / 2^order
     return {std::cos(angle), std::sin(angle)};
 }
 
-// table[0 ... M-1] = (cos(pi k / M), sin(pi k / M)) for k = 1 ... M/2, M = 2^order, order >= 1. The angles up to pi / 4 come
-// from the few of a block and one for each block, by a product in a wider type: a fraction of an ulp away from the cosine
-// itself, where powers of one root would drift. The others are their mirror images, so that small cosines are as accurate
-// as small sines.
+// table[0 ... M-1] = (cos(pi k / M), sin(pi k / M)) for k = 1 ... M/2, M = 2^order, order >= 1. The angles up to pi / 4
+// come from the few of a block and one for each block, by a product in a wider type: a fraction of an ulp away from the
+// cosine itself, where powers of one root would drift. The others are their mirror images, so that small cosines are as
+// accurate as small sines.
 template <class R>
 void fillRecombinationTable(int order, R* table)
 {

@@ -26,23 +26,51 @@ struct ShortTransform {
 };
 
 inline constexpr ShortTransform shortFft{
-    cplxKind, 1, 2, 0, 0,
+    cplxKind,
+    1,
+    2,
+    0,
+    0,
     [](float* x, float*, int order, int flags) { arkcFft(reinterpret_cast<FloatCplx*>(x), order, flags); },
-    "out arkcFft ARK_Init", "out arkcFft calc. FFT"};
+    "out arkcFft ARK_Init",
+    "out arkcFft calc. FFT"};
 inline constexpr ShortTransform shortFftOfParts{
     cplxKind, 2, 1, 0, 0, arkcrFft, "out arkcrFft ARK_Init", "out arkcrFft calc. FFT"};
 inline constexpr ShortTransform shortRealFft{
-    ccsKind, 1, 1, 0, 2, [](float* x, float*, int order, int flags) { arksRealFft(x, order, flags); },
-    "out arksRealFft ARK_Init", "out arksRealFft calc. FFT"};
-inline constexpr ShortTransform shortCcsFft{
-    ccsKind, 1, 1, 2, 0, [](float* x, float*, int order, int flags) { arksCcsFft(x, order, flags); },
-    "out arksCcsFft ARK_Init", "out arksCcsFft calc. FFT"};
+    ccsKind,
+    1,
+    1,
+    0,
+    2,
+    [](float* x, float*, int order, int flags) { arksRealFft(x, order, flags); },
+    "out arksRealFft ARK_Init",
+    "out arksRealFft calc. FFT"};
+inline constexpr ShortTransform shortCcsFft{ccsKind,
+                                            1,
+                                            1,
+                                            2,
+                                            0,
+                                            [](float* x, float*, int order, int flags) { arksCcsFft(x, order, flags); },
+                                            "out arksCcsFft ARK_Init",
+                                            "out arksCcsFft calc. FFT"};
 inline constexpr ShortTransform shortRealFftl{
-    toPackedKind, 1, 1, 0, 0, [](float* x, float*, int order, int flags) { arksRealFftl(x, order, flags); },
-    "out arksRealFftl ARK_Init", "out arksRealFftl calc. FFT"};
+    toPackedKind,
+    1,
+    1,
+    0,
+    0,
+    [](float* x, float*, int order, int flags) { arksRealFftl(x, order, flags); },
+    "out arksRealFftl ARK_Init",
+    "out arksRealFftl calc. FFT"};
 inline constexpr ShortTransform shortCcsFftl{
-    fromPackedKind, 1, 1, 0, 0, [](float* x, float*, int order, int flags) { arksCcsFftl(x, order, flags); },
-    "out arksCcsFftl ARK_Init", "out arksCcsFftl calc. FFT"};
+    fromPackedKind,
+    1,
+    1,
+    0,
+    0,
+    [](float* x, float*, int order, int flags) { arksCcsFftl(x, order, flags); },
+    "out arksCcsFftl ARK_Init",
+    "out arksCcsFftl calc. FFT"};
 inline constexpr ShortTransform shortReal2Fft{
     twoSignalsKind, 2, 1, 0, 2, arksReal2Fft, "out arksReal2Fft ARK_Init", "out arksReal2Fft calc. FFT"};
 inline constexpr ShortTransform shortCcs2Fft{
@@ -130,7 +158,8 @@ void shortTransform(Where at, const ShortTransform& transform, const Check (&nul
         transform.compute(nullptr, nullptr, order, ARK_Init);
         return statusGood() ? void() : report(at, ARK_StatusBacktrace, transform.initTrace);
     }
-    const auto source = std::ptrdiff_t(length) + transform.moreSource, result = std::ptrdiff_t(length) + transform.moreResult;
+    const auto source = std::ptrdiff_t(length) + transform.moreSource,
+               result = std::ptrdiff_t(length) + transform.moreResult;
     float* const second = samples + (transform.vectors > 1 ? distance : 0);
     for (int v = 0; v < transform.vectors; v++)
         kernels<ConvertKernels<float>>().integers[1][0].fromInt(vectors.src[v], v ? second : samples, source);
@@ -142,42 +171,46 @@ void shortTransform(Where at, const ShortTransform& transform, const Check (&nul
 
 // The public members' forms: of one vector and of two, in place and not.
 template <class T>
-void shortTransform(Where at, const ShortTransform& transform, T* samps, int order, int flags, int scaleMode, int* scaleFactor)
+void shortTransform(Where at, const ShortTransform& transform, T* samps, int order, int flags, int scaleMode,
+                    int* scaleFactor)
 {
     shortTransform(at, transform, {{!samps, "samps==0"}}, {{partsOf(samps)}, {partsOf(samps)}}, order, flags,
                    {scaleMode, scaleFactor});
 }
 template <class In, class Out>
-void shortTransform(Where at, const ShortTransform& transform, const In* in, Out* out, int order, int flags, int scaleMode,
-                    int* scaleFactor)
+void shortTransform(Where at, const ShortTransform& transform, const In* in, Out* out, int order, int flags,
+                    int scaleMode, int* scaleFactor)
 {
-    shortTransform(at, transform, {{!in, "inSamps==0"}, {!out, "outSamps==0"}}, {{partsOf(in)}, {partsOf(out)}}, order, flags,
-                   {scaleMode, scaleFactor});
+    shortTransform(at, transform, {{!in, "inSamps==0"}, {!out, "outSamps==0"}}, {{partsOf(in)}, {partsOf(out)}}, order,
+                   flags, {scaleMode, scaleFactor});
 }
 
 struct PairNames { // of null pointers
     const char *x, *y, *xIn, *yIn, *xOut, *yOut;
 };
-inline constexpr PairNames partNames{"reSamps==0",    "imSamps==0",   "reInSamps==0",
+inline constexpr PairNames partNames{"reSamps==0",   "imSamps==0",    "reInSamps==0",
                                      "imInSamps==0", "reOutSamps==0", "imOutSamps==0"};
 inline constexpr PairNames signalNames{"xSamps==0",   "ySamps==0",    "xInSamps==0",
                                        "yInSamps==0", "xOutSamps==0", "yOutSamps==0"};
 
-inline void shortTransform2(Where at, const ShortTransform& transform, const PairNames& names, short* x, short* y, int order,
-                            int flags, int scaleMode, int* scaleFactor)
+inline void shortTransform2(Where at, const ShortTransform& transform, const PairNames& names, short* x, short* y,
+                            int order, int flags, int scaleMode, int* scaleFactor)
 {
-    shortTransform(at, transform, {{!x, names.x}, {!y, names.y}}, {{x, y}, {x, y}}, order, flags, {scaleMode, scaleFactor});
+    shortTransform(at, transform, {{!x, names.x}, {!y, names.y}}, {{x, y}, {x, y}}, order, flags,
+                   {scaleMode, scaleFactor});
 }
 template <class In, class Out>
 void shortTransform2(Where at, const ShortTransform& transform, const PairNames& names, const In* xIn, const In* yIn,
                      Out* xOut, Out* yOut, int order, int flags, int scaleMode, int* scaleFactor)
 {
     shortTransform(at, transform, {{!xIn, names.xIn}, {!yIn, names.yIn}, {!xOut, names.xOut}, {!yOut, names.yOut}},
-                   {{partsOf(xIn), partsOf(yIn)}, {partsOf(xOut), partsOf(yOut)}}, order, flags, {scaleMode, scaleFactor});
+                   {{partsOf(xIn), partsOf(yIn)}, {partsOf(xOut), partsOf(yOut)}}, order, flags,
+                   {scaleMode, scaleFactor});
 }
 
 // Products of packed spectra under the rules of 16-bit arithmetic, one factor for all.
-inline void multiplyShortSpectra(const short* a, const short* b, short* dst, SpectrumLayout layout, int order, Scaling scaling)
+inline void multiplyShortSpectra(const short* a, const short* b, short* dst, SpectrumLayout layout, int order,
+                                 Scaling scaling)
 {
     const ShortArithKernels& kernel = kernels<ShortArithKernels>();
     const auto forEachLane = [&](auto body) { // body(offset, lanes, operation)
@@ -199,8 +232,8 @@ inline void multiplyShortSpectra(const short* a, const short* b, short* dst, Spe
     });
 }
 
-inline void multiplyShortSpectra2(Where at, SpectrumLayout (*layoutOf)(int order), const short* src, short* dst, int order,
-                                  int scaleMode, int* scaleFactor)
+inline void multiplyShortSpectra2(Where at, SpectrumLayout (*layoutOf)(int order), const short* src, short* dst,
+                                  int order, int scaleMode, int* scaleFactor)
 {
     if (allGood(at, {{order < 0, "order<0"},
                      {order >= orders, "order>31"},

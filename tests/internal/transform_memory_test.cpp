@@ -63,15 +63,19 @@ struct Case {
 };
 
 const Case cases[] = {
-    {"complex", [](double* x, double*) { arkcFft(reinterpret_cast<FloatCplx*>(x), order, ARK_Forw); },
+    {"complex",
+     [](double* x, double*) { arkcFft(reinterpret_cast<FloatCplx*>(x), order, ARK_Forw); },
      {"arkcFft: No working Twd memory"}},
-    {"double real", [](double* x, double*) { arkdRealFft(x, order, ARK_Forw); }, {"arkdRealFft: No working Twd memory"}},
-    {"two signals", [](double* x, double* y) { arkdReal2Fft(x, y, order, ARK_Forw); },
+    {"double real",
+     [](double* x, double*) { arkdRealFft(x, order, ARK_Forw); },
+     {"arkdRealFft: No working Twd memory"}},
+    {"two signals",
+     [](double* x, double* y) { arkdReal2Fft(x, y, order, ARK_Forw); },
      {"arkdReal2Fft: No working Twd memory"}},
     {"two signals, not in place",
      [](double* x, double* y) {
-         arksReal2FftNip(reinterpret_cast<float*>(x), reinterpret_cast<float*>(y), reinterpret_cast<FloatCplx*>(x + 300),
-                         reinterpret_cast<FloatCplx*>(y + 300), order, ARK_Forw);
+         arksReal2FftNip(reinterpret_cast<float*>(x), reinterpret_cast<float*>(y),
+                         reinterpret_cast<FloatCplx*>(x + 300), reinterpret_cast<FloatCplx*>(y + 300), order, ARK_Forw);
      },
      {"arksReal2Fft: No working Twd memory", "arksReal2FftNip: out arksReal2Fft"}},
     {"two spectra, not in place",
@@ -80,11 +84,14 @@ const Case cases[] = {
          arkdCcs2FftNip(reinterpret_cast<DoubleCplx*>(x), reinterpret_cast<DoubleCplx*>(y), x, y, 5, ARK_Inv);
      },
      {"arkzrFft: No working Twd memory", "arkdCcs2FftNip: out arkzrFft"}},
-    {"16-bit", [](double* x, double*) { arkvFft(reinterpret_cast<ShortCplx*>(x), order, ARK_Forw, ARK_SATURATE, nullptr); },
+    {"16-bit",
+     [](double* x, double*) { arkvFft(reinterpret_cast<ShortCplx*>(x), order, ARK_Forw, ARK_SATURATE, nullptr); },
      {"arkvFft: No working memory"},
      {"arkcFft: No working Twd memory", "arkvFft: out arkcFft calc. FFT"}},
     {"16-bit real",
-     [](double* x, double*) { arkwRealFftl(reinterpret_cast<short*>(x), order, ARK_Forw | ARK_OutRCPerm, ARK_WRAP, nullptr); },
+     [](double* x, double*) {
+         arkwRealFftl(reinterpret_cast<short*>(x), order, ARK_Forw | ARK_OutRCPerm, ARK_WRAP, nullptr);
+     },
      {"arkwRealFftl: No working memory"},
      {"arksRealFftl: No working Twd memory", "arkwRealFftl: out arksRealFftl calc. FFT"}},
 };

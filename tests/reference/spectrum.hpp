@@ -14,7 +14,8 @@ namespace reference {
 using Complex = std::complex<long double>;
 
 // out[k] = sum over n of in[n * stride] e^(-2 pi i k n / size); roots are those of size * stride.
-inline void transform(const Complex* in, Complex* out, std::size_t size, std::size_t stride, const std::vector<Complex>& roots)
+inline void transform(const Complex* in, Complex* out, std::size_t size, std::size_t stride,
+                      const std::vector<Complex>& roots)
 {
     if (size == 1) {
         out[0] = in[0];
@@ -24,7 +25,8 @@ inline void transform(const Complex* in, Complex* out, std::size_t size, std::si
     transform(in + stride, out + size / 2, size / 2, 2 * stride, roots);
     for (std::size_t k = 0; k < size / 2; k++) {
         const Complex root = roots[k * stride], x = out[k], y = out[k + size / 2];
-        const Complex turned{root.real() * y.real() - root.imag() * y.imag(), root.real() * y.imag() + root.imag() * y.real()};
+        const Complex turned{root.real() * y.real() - root.imag() * y.imag(),
+                             root.real() * y.imag() + root.imag() * y.real()};
         out[k] = x + turned;
         out[k + size / 2] = x - turned;
     }

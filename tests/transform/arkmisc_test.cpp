@@ -11,13 +11,14 @@
 
 namespace {
 
-const BadCalls ofBitRev{"arkmisc",
-                        {{"arkBitRev", [] { arkBitRev(1, -1); }}, {"arkGetBitRevTbl", [] { arkGetBitRevTbl(INT_MIN); }}},
-                        {"order<0"}};
+const BadCalls ofBitRev{
+    "arkmisc",
+    {{"arkBitRev", [] { arkBitRev(1, -1); }}, {"arkGetBitRevTbl", [] { arkGetBitRevTbl(INT_MIN); }}},
+    {"order<0"}};
 const BadCalls ofTable{"arkmisc", {ZEROS(arkCalcBitRevTbl)}, {"tbl==0"}};
 const BadCalls ofVec{"arkmisc",
-                     {ZEROS(arksbBitRev1), ZEROS(arkdbBitRev1), ZEROS(arkcbBitRev1), ZEROS(arkzbBitRev1), ZEROS(arkwbBitRev1),
-                      ZEROS(arkvbBitRev1), ZEROS(arkibBitRev1), ZEROS(arkjbBitRev1)},
+                     {ZEROS(arksbBitRev1), ZEROS(arkdbBitRev1), ZEROS(arkcbBitRev1), ZEROS(arkzbBitRev1),
+                      ZEROS(arkwbBitRev1), ZEROS(arkvbBitRev1), ZEROS(arkibBitRev1), ZEROS(arkjbBitRev1)},
                      {"vec==0"}};
 const BadCalls ofSrcDst{"arkmisc",
                         {ZEROS(arksbBitRev2), ZEROS(arkdbBitRev2), ZEROS(arkcbBitRev2), ZEROS(arkzbBitRev2),

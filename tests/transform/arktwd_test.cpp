@@ -11,9 +11,8 @@
 
 namespace {
 
-const BadCalls ofDftCalc{"arktwd",
-                         {ZEROS(arkcCalcDftTwdTbl), ZEROS(arkzCalcDftTwdTbl), ZEROS(arkvCalcDftTwdTbl)},
-                         {"length<=0", "tbl==0"}};
+const BadCalls ofDftCalc{
+    "arktwd", {ZEROS(arkcCalcDftTwdTbl), ZEROS(arkzCalcDftTwdTbl), ZEROS(arkvCalcDftTwdTbl)}, {"length<=0", "tbl==0"}};
 const BadCalls ofDftGet{
     "arktwd", {ZEROS(arkcGetDftTwdTbl), ZEROS(arkzGetDftTwdTbl), ZEROS(arkvGetDftTwdTbl)}, {"length<=0"}};
 const BadCalls ofFftCalc{
@@ -26,7 +25,8 @@ const BadCalls ofFftGet{"arktwd",
 const NoBadCalls never{"arkcFreeTwdTbls", "arkzFreeTwdTbls", "arkvFreeTwdTbls"};
 
 struct Types {
-    template <class T, void (*calcDft)(T*, int), T* (*getDft)(int), void (*calcFft)(T*, int), T* (*getFft)(int), void (*free)()>
+    template <class T, void (*calcDft)(T*, int), T* (*getDft)(int), void (*calcFft)(T*, int), T* (*getFft)(int),
+              void (*free)()>
     struct Of {
         using Element = T;
         static constexpr auto calcDftTbl = calcDft;
@@ -36,9 +36,12 @@ struct Types {
         static constexpr auto freeTbls = free;
     };
 };
-using C = Types::Of<FloatCplx, arkcCalcDftTwdTbl, arkcGetDftTwdTbl, arkcCalcFftTwdTbl, arkcGetFftTwdTbl, arkcFreeTwdTbls>;
-using Z = Types::Of<DoubleCplx, arkzCalcDftTwdTbl, arkzGetDftTwdTbl, arkzCalcFftTwdTbl, arkzGetFftTwdTbl, arkzFreeTwdTbls>;
-using V = Types::Of<ShortCplx, arkvCalcDftTwdTbl, arkvGetDftTwdTbl, arkvCalcFftTwdTbl, arkvGetFftTwdTbl, arkvFreeTwdTbls>;
+using C =
+    Types::Of<FloatCplx, arkcCalcDftTwdTbl, arkcGetDftTwdTbl, arkcCalcFftTwdTbl, arkcGetFftTwdTbl, arkcFreeTwdTbls>;
+using Z =
+    Types::Of<DoubleCplx, arkzCalcDftTwdTbl, arkzGetDftTwdTbl, arkzCalcFftTwdTbl, arkzGetFftTwdTbl, arkzFreeTwdTbls>;
+using V =
+    Types::Of<ShortCplx, arkvCalcDftTwdTbl, arkvGetDftTwdTbl, arkvCalcFftTwdTbl, arkvGetFftTwdTbl, arkvFreeTwdTbls>;
 
 template <class T>
 class Twiddles : public testing::Test {};
@@ -68,9 +71,11 @@ TYPED_TEST(Twiddles, AreRootsOfUnity)
             if constexpr (std::is_same_v<R, short>) {
                 // Truncated toward zero, give or take one where the exact value is an integer.
                 const auto isTruncated = [](short value, long double x) {
-                    return std::fabs(x) - 1 - 1e-9L < std::abs(value) && std::abs(value) <= std::fabs(x) + 1e-9L && value * x >= 0;
+                    return std::fabs(x) - 1 - 1e-9L < std::abs(value) && std::abs(value) <= std::fabs(x) + 1e-9L &&
+                           value * x >= 0;
                 };
-                ASSERT_TRUE(isTruncated(got.re, 16384 * re) && isTruncated(got.im, 16384 * im)) << k << " of " << length;
+                ASSERT_TRUE(isTruncated(got.re, 16384 * re) && isTruncated(got.im, 16384 * im))
+                    << k << " of " << length;
             } else {
                 // Half an ulp of 1, and what the step's own rounding amounts to over a circle: 2^-53 * 2 pi.
                 const long double bound = std::numeric_limits<R>::epsilon() / 4.0L + 7e-16L;
@@ -105,7 +110,8 @@ TYPED_TEST(Twiddles, AreKeptUntilTheyAreFreed)
     EXPECT_EQ(arkGetErrStatus(), ARK_StatusOutOfMemory);
     EXPECT_EQ(reports.messages(), std::vector<std::string>{"Full Table"});
     for (int length = 1; length <= 32; length++)
-        EXPECT_EQ(TypeParam::getDftTbl(10 * length), dft[std::size_t(length - 1)]) << "is there, although the list is full";
+        EXPECT_EQ(TypeParam::getDftTbl(10 * length), dft[std::size_t(length - 1)])
+            << "is there, although the list is full";
     EXPECT_EQ(TypeParam::getFftTbl(5), fft);
     std::vector<T> wanted(320);
     TypeParam::calcDftTbl(wanted.data(), 320);

@@ -40,7 +40,10 @@ template <auto member>
 struct Call;
 template <class... Parameters, void (*member)(Parameters...)>
 struct Call<member> {
-    static void call(Arguments& arguments) { std::apply(member, std::tuple<Parameters...>{arguments.next<Parameters>()...}); }
+    static void call(Arguments& arguments)
+    {
+        std::apply(member, std::tuple<Parameters...>{arguments.next<Parameters>()...});
+    }
 };
 
 enum Kind { complex, real, toPacked, fromPacked };
@@ -50,20 +53,23 @@ struct Member {
     void (*call)(Arguments&);
 };
 
-#define MEMBER(kind, name) Member{#name, kind, Call<name>::call}
-#define MEMBERS(s, c)                                                                                                    \
-    MEMBER(complex, ark##c##Fft), MEMBER(complex, ark##c##FftNip), MEMBER(complex, ark##c##rFft),                        \
-        MEMBER(complex, ark##c##rFftNip), MEMBER(real, ark##s##RealFft), MEMBER(real, ark##s##RealFftNip),               \
-        MEMBER(real, ark##s##CcsFft), MEMBER(real, ark##s##CcsFftNip), MEMBER(toPacked, ark##s##RealFftl),               \
-        MEMBER(toPacked, ark##s##RealFftlNip), MEMBER(fromPacked, ark##s##CcsFftl), MEMBER(fromPacked, ark##s##CcsFftlNip), \
-        MEMBER(real, ark##s##Real2Fft), MEMBER(real, ark##s##Real2FftNip), MEMBER(real, ark##s##Ccs2Fft),                \
-        MEMBER(real, ark##s##Ccs2FftNip)
+#define MEMBER(kind, name)                                                                                             \
+    Member { #name, kind, Call < name> ::call }
+#define MEMBERS(s, c)                                                                                                  \
+    MEMBER(complex, ark##c##Fft), MEMBER(complex, ark##c##FftNip), MEMBER(complex, ark##c##rFft),                      \
+        MEMBER(complex, ark##c##rFftNip), MEMBER(real, ark##s##RealFft), MEMBER(real, ark##s##RealFftNip),             \
+        MEMBER(real, ark##s##CcsFft), MEMBER(real, ark##s##CcsFftNip), MEMBER(toPacked, ark##s##RealFftl),             \
+        MEMBER(toPacked, ark##s##RealFftlNip), MEMBER(fromPacked, ark##s##CcsFftl),                                    \
+        MEMBER(fromPacked, ark##s##CcsFftlNip), MEMBER(real, ark##s##Real2Fft), MEMBER(real, ark##s##Real2FftNip),     \
+        MEMBER(real, ark##s##Ccs2Fft), MEMBER(real, ark##s##Ccs2FftNip)
 
 const Member members[] = {MEMBERS(s, c), MEMBERS(d, z), MEMBERS(w, v)};
 
 int goodFlags(const Member& member)
 {
-    return member.kind == toPacked ? ARK_Forw | ARK_OutRCPack : member.kind == fromPacked ? ARK_Forw | ARK_InRCPerm : int{ARK_Forw};
+    return member.kind == toPacked     ? ARK_Forw | ARK_OutRCPack
+           : member.kind == fromPacked ? ARK_Forw | ARK_InRCPerm
+                                       : int{ARK_Forw};
 }
 
 class Transforms : public testing::Test {

@@ -15,10 +15,12 @@ const BadCalls ofFloat{
     "arkffts", {ZEROS(arksRealFft), ZEROS(arksCcsFft), ZEROS(arksRealFftl), ZEROS(arksCcsFftl)}, {"samps==0"}};
 const BadCalls ofDouble{
     "arkfftd", {ZEROS(arkdRealFft), ZEROS(arkdCcsFft), ZEROS(arkdRealFftl), ZEROS(arkdCcsFftl)}, {"samps==0"}};
-const BadCalls ofFloatNip{
-    "arkffts", {ZEROS(arksRealFftNip), ZEROS(arksCcsFftNip), ZEROS(arksRealFftlNip), ZEROS(arksCcsFftlNip)}, {"inSamps==0"}};
-const BadCalls ofDoubleNip{
-    "arkfftd", {ZEROS(arkdRealFftNip), ZEROS(arkdCcsFftNip), ZEROS(arkdRealFftlNip), ZEROS(arkdCcsFftlNip)}, {"inSamps==0"}};
+const BadCalls ofFloatNip{"arkffts",
+                          {ZEROS(arksRealFftNip), ZEROS(arksCcsFftNip), ZEROS(arksRealFftlNip), ZEROS(arksCcsFftlNip)},
+                          {"inSamps==0"}};
+const BadCalls ofDoubleNip{"arkfftd",
+                           {ZEROS(arkdRealFftNip), ZEROS(arkdCcsFftNip), ZEROS(arkdRealFftlNip), ZEROS(arkdCcsFftlNip)},
+                           {"inSamps==0"}};
 const BadCalls ofFloat2{"arkffts", {ZEROS(arksReal2Fft), ZEROS(arksCcs2Fft)}, {"xSamps==0"}};
 const BadCalls ofDouble2{"arkfftd", {ZEROS(arkdReal2Fft), ZEROS(arkdCcs2Fft)}, {"xSamps==0"}};
 const BadCalls ofFloat2Nip{"arkffts", {ZEROS(arksReal2FftNip), ZEROS(arksCcs2FftNip)}, {"xInSamps==0"}};
@@ -26,7 +28,8 @@ const BadCalls ofDouble2Nip{"arkfftd", {ZEROS(arkdReal2FftNip), ZEROS(arkdCcs2Ff
 const BadCalls ofFloatMpy2{"arkffts", {ZEROS(arksMpyRCPack2), ZEROS(arksMpyRCPerm2)}, {"src==0", "dst==0"}};
 const BadCalls ofDoubleMpy2{"arkfftd", {ZEROS(arkdMpyRCPack2), ZEROS(arkdMpyRCPerm2)}, {"src==0", "dst==0"}};
 const BadCalls ofFloatMpy3{"arkffts", {ZEROS(arksMpyRCPack3), ZEROS(arksMpyRCPerm3)}, {"srcA==0", "srcB==0", "dst==0"}};
-const BadCalls ofDoubleMpy3{"arkfftd", {ZEROS(arkdMpyRCPack3), ZEROS(arkdMpyRCPerm3)}, {"srcA==0", "srcB==0", "dst==0"}};
+const BadCalls ofDoubleMpy3{
+    "arkfftd", {ZEROS(arkdMpyRCPack3), ZEROS(arkdMpyRCPerm3)}, {"srcA==0", "srcB==0", "dst==0"}};
 
 template <class R>
 struct Members;
@@ -186,7 +189,8 @@ TYPED_TEST(RealFft, ToSpectraInEveryLayout)
                         wanted[realPlace(layout, k, N) + 1] = spectrum[2 * k + 1];
                 }
                 this->expectEqual(got.data(), wanted.data(), N, "packed");
-                M::realFftlNip(in.data(), packed.data(), order, direction | (layout == pack ? ARK_OutRCPack : ARK_OutRCPerm));
+                M::realFftlNip(in.data(), packed.data(), order,
+                               direction | (layout == pack ? ARK_OutRCPack : ARK_OutRCPerm));
                 this->expectEqual(packed.data(), wanted.data(), N, "packed, not in place");
                 if (direction != ARK_Forw)
                     this->expectScaled(inPlace(layout, ARK_Inv).data(), wanted.data(), N, N);
@@ -219,7 +223,8 @@ TYPED_TEST(RealFft, FromSpectraInEveryLayout)
                 if (layout == ccs)
                     M::ccsFftNip(reinterpret_cast<const typename M::Cplx*>(in.data()), out.data(), order, direction);
                 else
-                    M::ccsFftlNip(in.data(), out.data(), order, direction | (layout == pack ? ARK_InRCPack : ARK_InRCPerm));
+                    M::ccsFftlNip(in.data(), out.data(), order,
+                                  direction | (layout == pack ? ARK_InRCPack : ARK_InRCPerm));
                 this->expectEqual(out.data(), signal.data(), N, "not in place");
                 if (direction != ARK_Forw)
                     this->expectScaled(inPlace(layout, ARK_Inv).data(), signal.data(), N, N);
@@ -247,7 +252,8 @@ TYPED_TEST(RealFft, TwoSignals)
             };
             const auto spectra = inPlace(direction);
             Guarded<R> x(sources[0]), y(sources[1]), X(N + 2), Y(N + 2);
-            M::real2FftNip(x.data(), y.data(), reinterpret_cast<Cplx*>(X.data()), reinterpret_cast<Cplx*>(Y.data()), order, direction);
+            M::real2FftNip(x.data(), y.data(), reinterpret_cast<Cplx*>(X.data()), reinterpret_cast<Cplx*>(Y.data()),
+                           order, direction);
             for (const bool imaginary : {false, true}) {
                 this->expectSpectrum(spectra[imaginary].data(), ccs, order, sign, imaginary);
                 this->expectEqual((imaginary ? Y : X).data(), spectra[imaginary].data(), N + 2, "not in place");
@@ -256,7 +262,8 @@ TYPED_TEST(RealFft, TwoSignals)
             }
 
             Guarded<R> a(this->spectrum(ccs, order, -1, false)), b(this->spectrum(ccs, order, -1, true));
-            M::ccs2FftNip(reinterpret_cast<Cplx*>(a.data()), reinterpret_cast<Cplx*>(b.data()), x.data(), y.data(), order, direction);
+            M::ccs2FftNip(reinterpret_cast<Cplx*>(a.data()), reinterpret_cast<Cplx*>(b.data()), x.data(), y.data(),
+                          order, direction);
             M::ccs2Fft(a.data(), b.data(), order, direction);
             for (const bool imaginary : {false, true}) {
                 this->expectSignal((imaginary ? b : a).data(), order, direction == ARK_Forw, imaginary);

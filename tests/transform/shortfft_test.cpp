@@ -25,7 +25,8 @@ const BadCalls ofParts{"arkfftw", {ZEROS(arkvrFft)}, {"reSamps==0"}};
 const BadCalls ofPartsNip{"arkfftw", {ZEROS(arkvrFftNip)}, {"reInSamps==0"}};
 const BadCalls ofTwo{"arkfftw", {ZEROS(arkwReal2Fft), ZEROS(arkwCcs2Fft)}, {"xSamps==0"}};
 const BadCalls ofTwoNip{"arkfftw", {ZEROS(arkwReal2FftNip), ZEROS(arkwCcs2FftNip)}, {"xInSamps==0"}};
-const BadCalls ofMpy2{"arkfftw", {ZEROS(arkwMpyRCPack2), ZEROS(arkwMpyRCPerm2)}, {"src==0", "dst==0", "scaleFactor==0"}};
+const BadCalls ofMpy2{
+    "arkfftw", {ZEROS(arkwMpyRCPack2), ZEROS(arkwMpyRCPerm2)}, {"src==0", "dst==0", "scaleFactor==0"}};
 const BadCalls ofMpy3{
     "arkfftw", {ZEROS(arkwMpyRCPack3), ZEROS(arkwMpyRCPerm3)}, {"srcA==0", "srcB==0", "dst==0", "scaleFactor==0"}};
 
@@ -49,7 +50,8 @@ struct Member {
 };
 
 const Member members[] = {
-    {"vFft", 1, 2, 0, 0, ARK_OutBitRev, [](float* x, float*, int o, int f) { arkcFft(reinterpret_cast<FloatCplx*>(x), o, f); },
+    {"vFft", 1, 2, 0, 0, ARK_OutBitRev,
+     [](float* x, float*, int o, int f) { arkcFft(reinterpret_cast<FloatCplx*>(x), o, f); },
      [](short* x, short*, int o, int f, int m, int* s) { arkvFft(pairs<ShortCplx>(x), o, f, m, s); },
      [](short* x, short*, short* X, short*, int o, int f, int m, int* s) {
          arkvFftNip(pairs<ShortCplx>(x), pairs<ShortCplx>(X), o, f, m, s);
@@ -87,7 +89,8 @@ Shorts scaled(const std::vector<long long>& exact, int mode, int factor)
 {
     Shorts out;
     for (const long long x : exact) {
-        const long long moved = factor >= 0 ? (long long)(std::floor(std::ldexp((long double)x, -factor))) : x << -factor;
+        const long long moved =
+            factor >= 0 ? (long long)(std::floor(std::ldexp((long double)x, -factor))) : x << -factor;
         const bool shifts = mode == 2 || mode == 3 || mode == 4, clamps = mode == 0 || mode == 1 || mode == 3;
         const long long value = shifts ? moved : x;
         out.push_back(clamps ? short(std::clamp(value, -32768LL, 32767LL)) : short(value & 0xFFFF));
@@ -114,7 +117,8 @@ TEST(ShortFft, IsTheFloatTransformRoundedAndScaled)
     for (const Member& m : members)
         for (int order = 0; order <= 13; order++)
             for (const int direction : {int{ARK_Forw}, int{ARK_Inv}, ARK_Inv | ARK_NoScale})
-                for (const auto& [mode, factor] : {std::pair{0, 0}, {1, 3}, {2, 9}, {2, -1}, {3, 4}, {3, -3}, {4, 77}, {5, 2}, {100, 2}}) {
+                for (const auto& [mode, factor] :
+                     {std::pair{0, 0}, {1, 3}, {2, 9}, {2, -1}, {3, 4}, {3, -3}, {4, 77}, {5, 2}, {100, 2}}) {
                     SCOPED_TRACE(testing::Message() << m.name << ", order " << order << ", direction " << direction
                                                     << ", mode " << mode << ", factor " << factor);
                     const std::size_t length = m.elementParts << order;
@@ -137,7 +141,8 @@ TEST(ShortFft, IsTheFloatTransformRoundedAndScaled)
                         }
                     const int wantedFactor = mode == 4 ? (order == 0 ? 0 : automaticFactor(all)) : factor;
 
-                    Guarded<short> x(std::max(source, result)), y(std::max(source, result)), X(result), Y(result), in(source), in2(source);
+                    Guarded<short> x(std::max(source, result)), y(std::max(source, result)), X(result), Y(result),
+                        in(source), in2(source);
                     std::copy(src[0].begin(), src[0].end(), x.begin());
                     std::copy(src[1].begin(), src[1].end(), y.begin());
                     std::copy(src[0].begin(), src[0].end(), in.begin());
@@ -154,7 +159,9 @@ TEST(ShortFft, IsTheFloatTransformRoundedAndScaled)
                         if (order == 0 && m.moreResult)
                             wanted = {src[v][0], 0, 0};
                         const std::size_t count = order > 0 ? result : m.moreResult ? 2 : m.elementParts;
-                        const auto first = [&](Guarded<short>& g) { return Shorts(g.begin(), g.begin() + std::ptrdiff_t(count)); };
+                        const auto first = [&](Guarded<short>& g) {
+                            return Shorts(g.begin(), g.begin() + std::ptrdiff_t(count));
+                        };
                         wanted.resize(count);
                         EXPECT_EQ(first(*apart[v]), wanted);
                         if (order > 0) {
@@ -203,12 +210,14 @@ TEST(ShortSpectra, Products)
 {
     const auto product = [](ShortCplx a, ShortCplx b) {
         const auto in32Bits = [](long long r) { return r == 1LL << 31 ? -r : r; };
-        return std::pair{in32Bits(1LL * a.re * b.re - 1LL * a.im * b.im), in32Bits(1LL * a.re * b.im + 1LL * a.im * b.re)};
+        return std::pair{in32Bits(1LL * a.re * b.re - 1LL * a.im * b.im),
+                         in32Bits(1LL * a.re * b.im + 1LL * a.im * b.re)};
     };
     for (int order = 0; order <= 9; order++)
         for (const bool pack : {true, false})
             for (const int bits : {6, 8, 15})
-                for (const auto& [mode, factor] : {std::pair{0, 1}, {1, 1}, {2, 5}, {2, -34}, {3, 12}, {4, 1}, {7, 16}}) {
+                for (const auto& [mode, factor] :
+                     {std::pair{0, 1}, {1, 1}, {2, 5}, {2, -34}, {3, 12}, {4, 1}, {7, 16}}) {
                     const std::size_t N = std::size_t{1} << order;
                     Shorts a(N), b(N);
                     for (std::size_t i = 0; i < N; i++) {
