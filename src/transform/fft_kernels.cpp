@@ -313,20 +313,6 @@ ARK_INLINE std::ptrdiff_t nextReversed(std::ptrdiff_t place, std::ptrdiff_t coun
     return place | bit;
 }
 
-// Calls body(place, index) for every group of places in bit-reversed order, with the first place and all indices of the
-// group; count is a multiple of it.
-template <int group, class Body>
-ARK_INLINE void inReversedOrder(std::ptrdiff_t count, Body body)
-{
-    for (std::ptrdiff_t first = 0, next = 0; first < count; first += group, next = nextReversed(next, count / group)) {
-        std::ptrdiff_t index[group];
-        ARK_UNROLL
-        for (int i = 0; i < group; i++)
-            index[i] = next + reversed(i, group) * (count / group);
-        body(first, index);
-    }
-}
-
 // The radices of the transform of 2^m rows, and the size of their table: of every pass but the last.
 struct Plan {
     int m, passes;
@@ -377,6 +363,20 @@ ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std:
         }
 }
 
+template <int i>
+struct Index {};
+
+// Calls body with the radix as a constant.
+template <class Body>
+ARK_INLINE void withRadix(int log2Radix, Body body)
+{
+    switch (log2Radix) {
+    case 1: return body(Index<2>{});
+    case 2: return body(Index<4>{});
+    default: return body(Index<8>{});
+    }
+}
+
 template <class R, int W, bool toReversed, class Source, class Target>
 ARK_INLINE void inPlace(int log2Radix, Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, const R* table)
 {
@@ -422,11 +422,15 @@ ARK_INLINE void lastPass(Source source, Target target, std::ptrdiff_t M)
 
 // In place in the rows, but for the target of the last pass.
 template <class R, int W, class Target>
-ARK_INLINE void transformRowsFromReversed(const Plan& plan, Rows<R> rows, Target target, const R* table)
+ARK_INLINE void transformRowsFromReversed(const Plan& plan, int passes, Rows<R> rows, Target target, const R* table)
 {
     table += plan.tableSize;
     std::ptrdiff_t n = 1, s = std::ptrdiff_t{1} << plan.m;
-    for (int i = plan.passes - 1; i >= 0; i--) {
+    for (int i = plan.passes - 1; i >= passes; i--) {
+        n <<= plan.log2Radix[i];
+        s >>= plan.log2Radix[i];
+    }
+    for (int i = passes - 1; i >= 0; i--) {
         const int radix = 1 << plan.log2Radix[i];
         if (n > 1)
             table -= n * 2 * (radix - 1);
@@ -593,15 +597,9 @@ ARK_INLINE Reg<R, W> signsIn(std::index_sequence<lane...>)
     return Reg<R, W>{(elementOf<int(16 / sizeof(R))>(int(lane), W) & distance ? R(-1) : R(1))...};
 }
 
-// Several registers go through every stage together: one alone would wait for each of its results.
-template <class R, int W>
-inline constexpr int together = W < 4 ? W : 4;
-template <class R, int W>
-using Together = Cplx<Reg<R, W>>[together<R, W>];
-
 // One stage of the transform over the lanes of a register: x[e] + x[e + distance] and x[e] - x[e + distance].
-template <class R, int W, int distance>
-ARK_INLINE void laneStage(Together<R, W>& x)
+template <class R, int W, int distance, int count>
+ARK_INLINE void laneStage(Cplx<Reg<R, W>> (&x)[count])
 {
     constexpr auto partner = partnerOf<int(16 / sizeof(R)), distance>;
     const Reg<R, W> sign = signsIn<R, W, distance>(std::make_index_sequence<W>{});
@@ -620,8 +618,8 @@ constexpr int upperOfBoth(int lane, int lanes)
 
 // Two stages, which together are a radix 4 but for factors that commute with the one between them: at a distance and at
 // half of it, or the opposite. In between, the upper half of both is multiplied by -i.
-template <class R, int W, bool toReversed, int distance>
-ARK_INLINE void twoLaneStages(Together<R, W>& x)
+template <class R, int W, bool toReversed, int distance, int count>
+ARK_INLINE void twoLaneStages(Cplx<Reg<R, W>> (&x)[count])
 {
     constexpr auto rotated = upperOfBoth<int(16 / sizeof(R)), distance>;
     laneStage<R, W, toReversed ? distance : distance / 2>(x);
@@ -631,15 +629,25 @@ ARK_INLINE void twoLaneStages(Together<R, W>& x)
     laneStage<R, W, toReversed ? distance / 2 : distance>(x);
 }
 
-// The transform over the lanes of registers: natural order in and bit-reversed order out, or the opposite.
-template <class R, int W, bool toReversed>
-ARK_INLINE void transformLanes(Together<R, W>& x, LaneConstants<R, W> constants)
+// The transform over the lanes of registers: natural order in and bit-reversed order out, or the opposite. Four at a time
+// go through every stage together; one alone would wait for each of its results.
+template <class R, int W, bool toReversed, int count>
+ARK_INLINE void transformLanes(Cplx<Reg<R, W>> (&x)[count], LaneConstants<R, W> constants)
 {
-    if constexpr (W == 2)
-        return laneStage<R, W, 1>(x);
-    else if constexpr (W == 4)
-        return twoLaneStages<R, W, toReversed, 2>(x);
-    else {
+    if constexpr (count > 4) {
+        ARK_UNROLL
+        for (int first = 0; first < count; first += 4) {
+            Cplx<Reg<R, W>> four[4] = {x[first], x[first + 1], x[first + 2], x[first + 3]};
+            transformLanes<R, W, toReversed>(four, constants);
+            ARK_UNROLL
+            for (int i = 0; i < 4; i++)
+                x[first + i] = four[i];
+        }
+    } else if constexpr (W == 2) {
+        laneStage<R, W, 1>(x);
+    } else if constexpr (W == 4) {
+        twoLaneStages<R, W, toReversed, 2>(x);
+    } else {
         const auto lower = [&] {
             if constexpr (W == 8)
                 laneStage<R, W, 1>(x);
@@ -934,23 +942,6 @@ ARK_INLINE auto blockOf(V v, int block)
     return blockIn(v, block, std::make_index_sequence<placesOf<V>>{});
 }
 
-template <class R, int W, bool toReversed, int M>
-ARK_INLINE void transformLanesOf(Cplx<Reg<R, W>> (&x)[M], LaneConstants<R, W> constants)
-{
-    constexpr int group = together<R, W>;
-    ARK_UNROLL
-    for (int k = 0; k < M; k += group) {
-        Together<R, W> y;
-        ARK_UNROLL
-        for (int i = 0; i < group; i++)
-            y[i] = x[k + i];
-        transformLanes<R, W, toReversed>(y, constants);
-        ARK_UNROLL
-        for (int i = 0; i < group; i++)
-            x[k + i] = y[i];
-    }
-}
-
 // So few rows that all of them are in registers.
 template <class R, int W, Form form, FftOrder fftOrder, int M>
 void fewRows(const Job<R>& job)
@@ -967,7 +958,7 @@ void fewRows(const Job<R>& job)
     for (int n = 0; n < M; n++)
         x[fromReversed ? reversed(n, M) : n] = source(n);
     if constexpr (fromReversed)
-        transformLanesOf<R, W, false>(x, constants);
+        transformLanes<R, W, false>(x, constants);
     else
         butterfly(x);
     ARK_UNROLL
@@ -976,7 +967,7 @@ void fewRows(const Job<R>& job)
     if constexpr (fromReversed)
         butterfly(x);
     else
-        transformLanesOf<R, W, true>(x, constants);
+        transformLanes<R, W, true>(x, constants);
     if constexpr (fftOrder != naturalOrder) {
         ARK_UNROLL
         for (int k = 0; k < M; k++)
@@ -1015,6 +1006,47 @@ void fewRows(const Job<R>& job)
     }
 }
 
+// The last pass over the rows to bit-reversed order, the factors w_N^(l k) and the lanes; and the opposite. Sources and
+// targets are passed by value: stores could change what a reference leads to.
+template <class R, int W, int radix, class Source, class Target>
+ARK_INLINE void rowsThenLanes(Source source, Target target, std::ptrdiff_t M, const R* factors,
+                              LaneConstants<R, W> constants)
+{
+    for (std::ptrdiff_t row = 0, next = 0; row < M; row += radix, next = nextReversed(next, M / radix)) {
+        Cplx<Reg<R, W>> x[radix];
+        ARK_UNROLL
+        for (int t = 0; t < radix; t++)
+            x[t] = source(row + t);
+        butterfly(x);
+        ARK_UNROLL
+        for (int j = 0; j < radix; j++)
+            x[j] = x[j] * getCplx<R, W>(factors + (next + j * (M / radix)) * 2 * W);
+        transformLanes<R, W, true>(x, constants);
+        ARK_UNROLL
+        for (int j = 0; j < radix; j++)
+            target(row + reversed(j, radix), x[j]);
+    }
+}
+template <class R, int W, int radix, class Source, class Target>
+ARK_INLINE void lanesThenRows(Source source, Target target, std::ptrdiff_t M, const R* factors,
+                              LaneConstants<R, W> constants)
+{
+    for (std::ptrdiff_t row = 0, next = 0; row < M; row += radix, next = nextReversed(next, M / radix)) {
+        Cplx<Reg<R, W>> x[radix];
+        ARK_UNROLL
+        for (int j = 0; j < radix; j++)
+            x[j] = source(row + reversed(j, radix));
+        transformLanes<R, W, false>(x, constants);
+        ARK_UNROLL
+        for (int j = 0; j < radix; j++)
+            x[j] = x[j] * getCplx<R, W>(factors + (next + j * (M / radix)) * 2 * W);
+        butterfly(x);
+        ARK_UNROLL
+        for (int t = 0; t < radix; t++)
+            target(row + t, x[t]);
+    }
+}
+
 // The two bit-reversed orders work in place in dst; row r holds what stands at r W. The vector may begin at element first.
 template <class R, int W, Form form>
 void shortToReversed(const Job<R>& job, std::ptrdiff_t first)
@@ -1024,21 +1056,14 @@ void shortToReversed(const Job<R>& job, std::ptrdiff_t first)
     Rows<R> rows = rowsIn<R, W, form>(job.dst);
     rows.re += first / W * rows.stride;
     rows.im += first / W * rows.stride;
-    transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, first, W}, rows,
+    transformRowsToReversed<R, W>(head.plan, head.plan.passes - 1, OuterSource<R, W, form>{job.src, first, W}, rows,
                                   job.table + head.rows);
     const LaneConstants<R, W> constants{job.table + head.constants};
     const R* const factors = job.table + head.lanes;
     const InnerSource<R, W> source{rows};
     withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
-        inReversedOrder<together<R, W>>(M, [&](std::ptrdiff_t row, const auto& k) {
-            Together<R, W> x;
-            ARK_UNROLL
-            for (int i = 0; i < together<R, W>; i++)
-                x[i] = source(row + i) * getCplx<R, W>(factors + k[i] * 2 * W);
-            transformLanes<R, W, true>(x, constants);
-            ARK_UNROLL
-            for (int i = 0; i < together<R, W>; i++)
-                target(row + i, x[i]);
+        withRadix(head.plan.log2Radix[head.plan.passes - 1], [&]<int radix>(Index<radix>) {
+            rowsThenLanes<R, W, radix>(source, target, M, factors, constants);
         });
     });
 }
@@ -1055,18 +1080,11 @@ void shortFromReversed(const Job<R>& job, std::ptrdiff_t first)
     const R* const factors = job.table + head.lanes;
     const OuterSource<R, W, form> source{job.src, first, W};
     const InnerTarget<R, W> inner{rows};
-    inReversedOrder<together<R, W>>(M, [&](std::ptrdiff_t row, const auto& k) {
-        Together<R, W> x;
-        ARK_UNROLL
-        for (int i = 0; i < together<R, W>; i++)
-            x[i] = source(row + i);
-        transformLanes<R, W, false>(x, constants);
-        ARK_UNROLL
-        for (int i = 0; i < together<R, W>; i++)
-            inner(row + i, x[i] * getCplx<R, W>(factors + k[i] * 2 * W));
+    withRadix(head.plan.log2Radix[head.plan.passes - 1], [&]<int radix>(Index<radix>) {
+        lanesThenRows<R, W, radix>(source, inner, M, factors, constants);
     });
     withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
-        transformRowsFromReversed<R, W>(head.plan, rows, target, job.table + head.rows);
+        transformRowsFromReversed<R, W>(head.plan, head.plan.passes - 1, rows, target, job.table + head.rows);
     });
 }
 
@@ -1089,6 +1107,17 @@ struct MatrixFactors {
         return getCplx<R, W>(powers + k * 2 * W) * common;
     }
 };
+
+// Rows in bit-reversed order times their factors.
+template <class R, int W, class Source, class Target>
+ARK_INLINE void multiplyRows(Source source, Target target, std::ptrdiff_t count, MatrixFactors<R, W> factors,
+                             std::ptrdiff_t c)
+{
+    for (std::ptrdiff_t row = 0, next = 0; row < count; row += 4, next = nextReversed(next, count / 4))
+        ARK_UNROLL
+        for (int i = 0; i < 4; i++)
+            target(row + i, source(row + i) * factors(next + reversed(i, 4) * (count / 4), c));
+}
 
 // W rows transposed: register i then has lane i of all of them.
 template <class V>
@@ -1156,11 +1185,8 @@ void matrixToNatural(const Job<R>& job)
         const InnerSource<R, W> from{row};
         transformRowsToReversed<R, W>(head.restPlan, head.restPlan.passes - 1, from, row, job.table + head.restRows);
         withTarget<R, W, form>(job.dst, k0, N1, job.scale, [&](auto target) {
-            switch (head.restPlan.log2Radix[head.restPlan.passes - 1]) {
-            case 1: return lastPass<R, W, 2>(from, target, N2);
-            case 2: return lastPass<R, W, 4>(from, target, N2);
-            default: return lastPass<R, W, 8>(from, target, N2);
-            }
+            withRadix(head.restPlan.log2Radix[head.restPlan.passes - 1],
+                      [&]<int radix>(Index<radix>) { lastPass<R, W, radix>(from, target, N2); });
         });
     }
 }
@@ -1178,11 +1204,7 @@ void matrixToReversed(const Job<R>& job)
         transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2}, rows,
                                       job.table + head.rows);
         const OuterTarget<R, W, form, false> target{job.dst, c, N2, 1};
-        inReversedOrder<4>(N1, [&](std::ptrdiff_t row, const auto& k) {
-            ARK_UNROLL
-            for (int i = 0; i < 4; i++)
-                target(row + i, source(row + i) * factors(k[i], c));
-        });
+        multiplyRows(source, target, N1, factors, c);
     }
     const FftVector<const R> between{job.dst.re, job.dst.im};
     for (std::ptrdiff_t row = 0; row < N1; row++)
@@ -1202,13 +1224,9 @@ void matrixFromReversed(const Job<R>& job)
     const MatrixFactors<R, W> factors(job);
     for (std::ptrdiff_t c = 0; c < N2; c += W) {
         const OuterSource<R, W, form> source{{job.dst.re, job.dst.im}, c, N2};
-        inReversedOrder<4>(N1, [&](std::ptrdiff_t row, const auto& k) {
-            ARK_UNROLL
-            for (int i = 0; i < 4; i++)
-                inner(row + i, source(row + i) * factors(k[i], c));
-        });
+        multiplyRows(source, inner, N1, factors, c);
         withTarget<R, W, form>(job.dst, c, N2, job.scale, [&](auto target) {
-            transformRowsFromReversed<R, W>(head.plan, rows, target, job.table + head.rows);
+            transformRowsFromReversed<R, W>(head.plan, head.plan.passes, rows, target, job.table + head.rows);
         });
     }
 }
