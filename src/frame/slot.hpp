@@ -16,12 +16,7 @@ public:
     template <class T, class Count, class Fill>
     T* table(Count count, Fill fill)
     {
-        if (!block_) [[unlikely]] {
-            if (!allocate<T>(count()))
-                return nullptr;
-            fill(static_cast<T*>(block_));
-        }
-        return static_cast<T*>(block_);
+        return block_ ? static_cast<T*>(block_) : build<T>(count, fill);
     }
 
     // A working buffer of at least count elements. What it held is lost when it must grow. Null when there is no
@@ -29,12 +24,7 @@ public:
     template <class T>
     T* buffer(std::size_t count)
     {
-        if (count > bytes_ / sizeof(T)) [[unlikely]] {
-            clear();
-            if (!allocate<T>(count))
-                return nullptr;
-        }
-        return static_cast<T*>(block_);
+        return count <= bytes_ / sizeof(T) ? static_cast<T*>(block_) : grow<T>(count);
     }
 
     void clear()
@@ -45,6 +35,22 @@ public:
     }
 
 private:
+    template <class T, class Count, class Fill>
+    [[gnu::cold, gnu::noinline]] T* build(Count count, Fill fill)
+    {
+        if (!allocate<T>(count()))
+            return nullptr;
+        fill(static_cast<T*>(block_));
+        return static_cast<T*>(block_);
+    }
+
+    template <class T>
+    [[gnu::cold, gnu::noinline]] T* grow(std::size_t count)
+    {
+        clear();
+        return allocate<T>(count) ? static_cast<T*>(block_) : nullptr;
+    }
+
     template <class T>
     bool allocate(std::size_t count)
     {

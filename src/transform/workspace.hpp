@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 
 namespace ark {
 
@@ -27,30 +28,36 @@ inline constexpr TransformKind twoSignalsKind{false, false, false, 0, true};
 inline bool has(int flags, int all) { return (flags & all) == all; }
 
 // Reports every rule that the flag word breaks.
-inline bool flagsGood(Where at, const TransformKind& kind, int flags)
+[[gnu::cold, gnu::noinline]] inline bool reportFlags(Where at, const TransformKind& kind, int flags)
 {
     const auto both = [=](bool applies, int a, int b) { return applies && has(flags, a | b); };
     const auto neither = [=](bool applies, int a, int b) { return applies && !(flags & (a | b)); };
+    const bool inBitRev = has(flags, ARK_InBitRev), outBitRev = has(flags, ARK_OutBitRev);
     const Check checks[] = {
         {both(true, ARK_Forw, ARK_Inv), "ARK_Forw and ARK_Inv"},
         {neither(true, ARK_Forw, ARK_Inv), "no ARK_Forw or ARK_Inv"},
         {both(kind.bitOrder, ARK_InBitRev, ARK_OutBitRev), "ARK_InBitRev and ARK_OutBitRev"},
-        {both(kind.bitOrder && !has(flags, ARK_OutBitRev), ARK_InBitRev, ARK_NoBitRev),
-         "ARK_InBitRev and ARK_NoBitRev"},
-        {both(kind.bitOrder && !has(flags, ARK_InBitRev), ARK_OutBitRev, ARK_NoBitRev),
-         "ARK_OutBitRev and ARK_NoBitRev"},
+        {both(kind.bitOrder && !outBitRev, ARK_InBitRev, ARK_NoBitRev), "ARK_InBitRev and ARK_NoBitRev"},
+        {both(kind.bitOrder && !inBitRev, ARK_OutBitRev, ARK_NoBitRev), "ARK_OutBitRev and ARK_NoBitRev"},
         {both(kind.inPacking, ARK_InRCPack, ARK_InRCPerm), "ARK_InRCPack and ARK_InRCPerm"},
         {neither(kind.inPacking, ARK_InRCPack, ARK_InRCPerm), "no ARK_InRCPack or ARK_InRCPerm"},
         {both(kind.outPacking, ARK_OutRCPack, ARK_OutRCPerm), "ARK_OutRCPack and ARK_OutRCPerm"},
         {neither(kind.outPacking, ARK_OutRCPack, ARK_OutRCPerm), "no ARK_OutRCPack or ARK_OutRCPerm"},
     };
-    bool good = true;
-    for (const Check& check : checks)
-        if (check.failed) [[unlikely]] {
-            badArgument(at, check.message);
-            good = false;
-        }
-    return good;
+    reportFailed(at, checks, std::size(checks));
+    return false;
+}
+
+// The same rules, quickly: one direction, at most one bit order, one layout for each side that is packed.
+inline bool flagsGood(Where at, const TransformKind& kind, int flags)
+{
+    const auto most = [=](int group) { return (flags & group & ((flags & group) - 1)) == 0; };
+    const auto one = [=](int group) { return (flags & group) != 0 && most(group); };
+    if (one(ARK_Forw | ARK_Inv) && (!kind.bitOrder || most(ARK_NoBitRev | ARK_InBitRev | ARK_OutBitRev)) &&
+        (!kind.inPacking || one(ARK_InRCPack | ARK_InRCPerm)) &&
+        (!kind.outPacking || one(ARK_OutRCPack | ARK_OutRCPerm))) [[likely]]
+        return true;
+    return reportFlags(at, kind, flags);
 }
 
 inline bool isOrder(int order) { return order >= 0 && order < orders; }
@@ -120,15 +127,19 @@ bool obtain(const TransformKind& kind, int order, Workspace<R>& space)
 
 // The private tables of this precision give way once: callers hold no pointers to them.
 template <class R>
-bool obtainOrReport(Where at, const TransformKind& kind, int order, Workspace<R>& space)
+[[gnu::cold, gnu::noinline]] bool obtainAgain(Where at, const TransformKind& kind, int order, Workspace<R>& space)
 {
-    if (obtain(kind, order, space)) [[likely]]
-        return true;
     transformTables<R>().release();
     if (obtain(kind, order, space))
         return true;
     outOfMemory(at, "No working Twd memory");
     return false;
+}
+
+template <class R>
+bool obtainOrReport(Where at, const TransformKind& kind, int order, Workspace<R>& space)
+{
+    return obtain(kind, order, space) || obtainAgain(at, kind, order, space);
 }
 
 // The frame of every floating-point transform: true when it is to be computed.
