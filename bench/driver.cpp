@@ -118,7 +118,9 @@ void printRow(const Case& work, int n, const std::vector<std::string>& columns)
         std::printf(" %5.2f |", ours.least / peers.least);
     else
         std::printf(" %5s |", "");
-    if (n >= bandwidthSize)
+    if (work.operations)
+        std::printf(" %5.1f |", work.operations(n) / ours.least);
+    else if (n >= bandwidthSize)
         std::printf(" %5.1f |", work.bytes * n / ours.least);
     else
         std::printf(" %5s |", "");
@@ -138,7 +140,8 @@ void printTable(const Family& family)
         rule += "--------:|";
     }
     std::printf("\n## %s\n\nNanoseconds an element; ratio: %s to the fastest peer.\n\n", family.name, own);
-    std::printf("| %-36s | %7s |%s %5s | %5s | %6s |\n", "", "n", head.c_str(), "ratio", "GB/s", "spread");
+    const char* const rate = family.cases.front().operations ? "Gop/s" : "GB/s";
+    std::printf("| %-36s | %7s |%s %5s | %5s | %6s |\n", "", "n", head.c_str(), "ratio", rate, "spread");
     std::printf("|%s|--------:|%s------:|------:|-------:|\n", std::string(38, '-').c_str(), rule.c_str());
     for (const Case& work : family.cases)
         if (chosen(work))

@@ -19,6 +19,8 @@ bool endIsWatched = false;
 void detachThread(void* present)
 {
     threadContext = nullptr;
+    if (present)
+        static_cast<Context*>(present)->caches.release();
     std::free(present);
 }
 

@@ -23,7 +23,10 @@ bool attachThread()
 
 void detachThread()
 {
-    LocalFree(TlsGetValue(slot));
+    auto* const present = static_cast<Context*>(TlsGetValue(slot));
+    if (present)
+        present->caches.release();
+    LocalFree(present);
     TlsSetValue(slot, nullptr);
 }
 

@@ -1,6 +1,8 @@
 // The thread's context: what arkUndContext returns and what the library keeps for the thread behind it.
 #pragma once
 
+#include "frame/slot.hpp"
+
 #include <arkpx/frame.h>
 
 namespace ark {
@@ -9,10 +11,86 @@ namespace ark {
 inline constexpr int dftTwdCapacity = 32;
 inline constexpr ArkErrorContext initialHead{ARK_StatusOk, ARK_ErrModeLeaf, arkGuiBoxReport, dftTwdCapacity};
 
+inline constexpr int orders = 32; // of a transform: 0 to 31
+
+inline void clear(Slot& slot) { slot.clear(); }
+template <class T, std::size_t count>
+void clear(T (&slots)[count])
+{
+    for (T& slot : slots)
+        clear(slot);
+}
+
+// The public twiddle tables of one element type. Callers hold pointers to them.
+struct TwiddleTables {
+    Slot fft[orders];
+    struct {
+        int length;
+        Slot table;
+    } dft[dftTwdCapacity];
+    int dftCount;
+
+    void release()
+    {
+        clear(fft);
+        while (dftCount > 0)
+            dft[--dftCount].table.clear();
+    }
+};
+
+// What the transforms of one precision keep for themselves.
+struct TransformTables {
+    Slot fft[orders];            // of the complex transform of an order
+    std::size_t scratch[orders]; // the reals that it works in; known once fft is filled
+    Slot recombination[orders];  // of the real transform around it
+
+    void release(int order)
+    {
+        fft[order].clear();
+        recombination[order].clear();
+    }
+    void release()
+    {
+        clear(fft);
+        clear(recombination);
+    }
+};
+
+// Working buffers, which grow with the largest transform.
+struct WorkingBuffers {
+    Slot scratch;  // of the complex transforms
+    Slot spectrum; // of two signals in one
+    Slot samples;  // 16-bit vectors as floats
+
+    void release()
+    {
+        scratch.clear();
+        spectrum.clear();
+        samples.clear();
+    }
+};
+
+struct Caches {
+    Slot bitReversal[orders];
+    TwiddleTables twiddles[3];    // FloatCplx, DoubleCplx, ShortCplx
+    TransformTables transform[2]; // float, double
+    WorkingBuffers working;
+
+    void release()
+    {
+        clear(bitReversal);
+        for (TwiddleTables& tables : twiddles)
+            tables.release();
+        for (TransformTables& tables : transform)
+            tables.release();
+        working.release();
+    }
+};
+
 struct Context {
     ArkErrorContext head; // first: applications reach it through arkUndContext
-    // The tables and buffers that the transforms cache for the thread go between the two.
-    char text[1332]; // arkErrorStr's text for codes that have none of their own
+    Caches caches;        // goes with the thread, whoever frees the context releases it
+    char text[1332];      // arkErrorStr's text for codes that have none of their own
 };
 
 // Ends the process: a thread that can have no context has no place to record a status in.

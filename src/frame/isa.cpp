@@ -29,11 +29,15 @@ extern const LmsKernels<FloatCplx, FloatCplx> lmsC;
 extern const LmsKernels<DoubleCplx, DoubleCplx> lmsZ;
 extern const LmsKernels<float, FloatCplx> lmsSC;
 extern const LmsKernels<double, DoubleCplx> lmsDZ;
+extern const FftKernels<float> fftC;
+extern const FftKernels<double> fftZ;
+extern const RealKernels<float> realS;
+extern const RealKernels<double> realD;
 
 // In the order of the bases of Kernels.
-constinit const Kernels kernels{{fill},  {arithS}, {arithD},   {arithC},   {arithZ}, {conjC}, {conjZ},
-                                {conjV}, {arithW}, {convertS}, {convertD}, {firS},   {firD},  {firC},
-                                {firZ},  {firSC},  {firCS},    {firDZ},    {firZD},  {firW},  {lmsS},
-                                {lmsD},  {lmsC},   {lmsZ},     {lmsSC},    {lmsDZ}};
+constinit const Kernels kernels{{fill},   {arithS},   {arithD},   {arithC}, {arithZ}, {conjC}, {conjZ}, {conjV},
+                                {arithW}, {convertS}, {convertD}, {firS},   {firD},   {firC},  {firZ},  {firSC},
+                                {firCS},  {firDZ},    {firZD},    {firW},   {lmsS},   {lmsD},  {lmsC},  {lmsZ},
+                                {lmsSC},  {lmsDZ},    {fftC},     {fftZ},   {realS},  {realD}};
 
 } // namespace ark::ARK_SET

@@ -14,6 +14,8 @@
 
 #include "filter/arkfir_kernels.hpp"
 #include "filter/arklms_kernels.hpp"
+#include "transform/fft_kernels.hpp"
+#include "transform/real_kernels.hpp"
 #include "vector/arkarith_kernels.hpp"
 #include "vector/arkaritw_kernels.hpp"
 #include "vector/arkcvrt_kernels.hpp"
@@ -50,7 +52,11 @@ struct Kernels : KernelSlot<FillKernels>,
                  KernelSlot<LmsKernels<FloatCplx, FloatCplx>>,
                  KernelSlot<LmsKernels<DoubleCplx, DoubleCplx>>,
                  KernelSlot<LmsKernels<float, FloatCplx>>,
-                 KernelSlot<LmsKernels<double, DoubleCplx>> {};
+                 KernelSlot<LmsKernels<double, DoubleCplx>>,
+                 KernelSlot<FftKernels<float>>,
+                 KernelSlot<FftKernels<double>>,
+                 KernelSlot<RealKernels<float>>,
+                 KernelSlot<RealKernels<double>> {};
 
 namespace sse2 {
 extern const Kernels kernels;
@@ -76,7 +82,8 @@ inline const Table& kernels()
 }
 
 // For tests and benchmarks, which link to the static library: makes the named set the chosen one. False when there is
-// no such set or this machine cannot run it.
+// no such set or this machine cannot run it. The tables that a transform has cached are those of the set it was done with:
+// force before the first transform.
 bool forceKernels(const char* set);
 
 } // namespace ark

@@ -27,6 +27,13 @@
 
 #define ARK_INLINE inline __attribute__((always_inline))
 
+// Before a loop over the registers of one step: all of it, so that indices become constants.
+#ifdef __clang__
+#define ARK_UNROLL _Pragma("clang loop unroll(full)")
+#else
+#define ARK_UNROLL _Pragma("GCC unroll 16")
+#endif
+
 namespace ark::ARK_SET {
 namespace {
 

@@ -100,6 +100,21 @@ inline short shiftedClamped(std::int64_t x, int factor)
     return clamped(std::int64_t{clamped(x)} * (1 << -std::max(factor, -15)));
 }
 
+// The factor of the automatic mode: 0 when everything fits in 16 bits, else the largest magnitude comes to lie in
+// 16384 ... 32767.
+template <class Source>
+int automaticFactor(const Source* src, std::ptrdiff_t n)
+{
+    std::int64_t least = 0, most = 0;
+    for (std::ptrdiff_t i = 0; i < n; i++) {
+        least = std::min(least, wide(src[i]));
+        most = std::max(most, wide(src[i]));
+    }
+    if (least >= -32768 && most <= 32767)
+        return 0;
+    return int(std::bit_width(std::max(std::uint64_t(most), std::uint64_t{0} - std::uint64_t(least)))) - 15;
+}
+
 // dst = src under a scale mode. The caller has made sure that the automatic mode has a factor to write to.
 template <class Source>
 void rescale(const Source* src, short* dst, std::ptrdiff_t n, Scaling scaling)
@@ -111,14 +126,7 @@ void rescale(const Source* src, short* dst, std::ptrdiff_t n, Scaling scaling)
     const int factor = scaling.factor ? *scaling.factor : 0;
     switch (scaling.mode) {
     case ARK_AUTO_SCALE: {
-        std::int64_t least = 0, most = 0;
-        for (std::ptrdiff_t i = 0; i < n; i++) {
-            least = std::min(least, wide(src[i]));
-            most = std::max(most, wide(src[i]));
-        }
-        int shift = 0;
-        if (least < -32768 || most > 32767) // the largest magnitude comes to lie in 16384 ... 32767
-            shift = int(std::bit_width(std::max(std::uint64_t(most), std::uint64_t{0} - std::uint64_t(least)))) - 15;
+        const int shift = automaticFactor(src, n);
         *scaling.factor = shift;
         return each([=](std::int64_t x) { return wrapped(x >> shift); });
     }

@@ -1,5 +1,5 @@
 // Filters and the heap: what allocates fails cleanly at every block, and nothing else allocates.
-#include "internal/empty_heap.hpp"
+#include "internal/heap_control.hpp"
 
 #include <arkpx.h>
 #include <gtest/gtest.h>
@@ -44,7 +44,7 @@ TEST(FilterHeap, FirObjectsFailToBeMade)
         const Notes notes;
         arksFirInit(taps, 5, nullptr, &state);
         {
-            const EmptyHeap empty{blocks};
+            const FailingHeap heap{blocks};
             arksFirInitMr(taps, 5, nullptr, 2, 0, 1, 0, &state);
         }
         EXPECT_EQ(state.self, nullptr);
@@ -65,7 +65,7 @@ TEST(FilterHeap, ShortBlocksFail)
     for (int blocks = 0; blocks < 2; blocks++) {
         const Notes notes;
         {
-            const EmptyHeap empty{blocks};
+            const FailingHeap heap{blocks};
             arkwbFirl(&tapState, &dlyState, src, dst, 4, ARK_SATURATE, nullptr);
         }
         EXPECT_EQ(arkGetErrStatus(), ARK_StatusOutOfMemory);
@@ -82,7 +82,7 @@ TEST(FilterHeap, LmsObjectsFailToBeMade)
         LmsState state{};
         const Notes notes;
         {
-            const EmptyHeap empty{blocks};
+            const FailingHeap heap{blocks};
             arkdLmsInit(0, nullptr, 5, nullptr, 0, 0, 1, &state);
         }
         EXPECT_EQ(state.taps, nullptr);
@@ -108,7 +108,7 @@ TEST(FilterHeap, FilteringAllocatesNothing)
     LmsState lms{};
     arksLmsInit(0, nullptr, 300, nullptr, 0.001f, 0, 3, &lms);
     {
-        const EmptyHeap empty;
+        const FailingHeap heap;
         arksFirlSetDlyl(&tapState, nullptr, &dlyState);
         arksFirl(&tapState, &dlyState, 1);
         arksbFirl(&tapState, &dlyState, src.data(), dst.data(), 2000);

@@ -1,19 +1,40 @@
 // Every request to the heap made to fail. The linker leads malloc and calloc here.
-#include "frame/heap.hpp"
+#include "heap_control.hpp"
 
-#include "internal/empty_heap.hpp"
+#include "frame/heap.hpp"
 
 #include <arkpx.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <climits>
 #include <cstdint>
 #include <cstdlib>
 #include <thread>
 
-int heapBlocksLeft = INT_MAX;
+// For all threads: on Windows, reaching a thread_local calls malloc.
+static std::atomic<long> goodRequests{LONG_MAX}, failingRequests{0};
+static std::atomic<bool> someFailed{false};
 
-static bool heapGives() { return heapBlocksLeft == INT_MAX || heapBlocksLeft-- > 0; }
+FailingHeap::FailingHeap(long good, long failing)
+{
+    someFailed = false;
+    failingRequests = failing < 0 ? LONG_MAX : failing;
+    goodRequests = good;
+}
+FailingHeap::~FailingHeap() { goodRequests = LONG_MAX; }
+bool FailingHeap::hasFailed() const { return someFailed; }
+
+static bool requestFails()
+{
+    if (goodRequests == LONG_MAX || goodRequests-- > 0)
+        return false;
+    goodRequests = 0;
+    const bool fails = failingRequests-- > 0;
+    if (fails)
+        someFailed = true;
+    return fails;
+}
 
 extern "C" {
 void* __real_malloc(std::size_t size);
@@ -21,15 +42,18 @@ void* __real_calloc(std::size_t count, std::size_t size);
 void* __wrap_malloc(std::size_t size);
 void* __wrap_calloc(std::size_t count, std::size_t size);
 
-void* __wrap_malloc(std::size_t size) { return heapGives() ? __real_malloc(size) : nullptr; }
-void* __wrap_calloc(std::size_t count, std::size_t size) { return heapGives() ? __real_calloc(count, size) : nullptr; }
+void* __wrap_malloc(std::size_t size) { return requestFails() ? nullptr : __real_malloc(size); }
+void* __wrap_calloc(std::size_t count, std::size_t size)
+{
+    return requestFails() ? nullptr : __real_calloc(count, size);
+}
 }
 
 namespace {
 
-TEST(EmptyHeap, GivesNullAndNoReport)
+TEST(FailingHeap, GivesNullAndNoReport)
 {
-    const EmptyHeap empty;
+    const FailingHeap empty;
     EXPECT_EQ(arkMalloc(1), nullptr);
     EXPECT_EQ(arkzMalloc(1), nullptr);
     EXPECT_FALSE(ark::Buffer<double>{1});
@@ -37,11 +61,11 @@ TEST(EmptyHeap, GivesNullAndNoReport)
 }
 
 #ifndef _WIN32 // there a thread without a context does not start
-TEST(EmptyHeapDeathTest, EndsAProcessThatCanHaveNoContext)
+TEST(FailingHeapDeathTest, EndsAProcessThatCanHaveNoContext)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(std::thread([] {
-                    const EmptyHeap empty;
+                    const FailingHeap empty;
                     arkGetErrStatus();
                 }).join(),
                 testing::ExitedWithCode(1), "ORB Library error:\nBad ORB Context\nTerminating the application");

@@ -1,0 +1,54 @@
+// FFTW: FFTW(run) is its contender, or nothing where it is absent. Plans are made with MEASURE.
+#pragma once
+
+#include "driver.hpp"
+
+#if ARKPX_BENCH_FFTW
+#include <fftw3.h>
+
+#include <type_traits>
+
+#define FFTW(...) bench::Contender{"FFTW", __VA_ARGS__},
+
+namespace bench {
+
+// A function that runs the plan; the plan goes with it.
+template <class Plan, class Destroy, class Execute>
+std::function<void()> running(Plan plan, Destroy destroy, Execute execute)
+{
+    std::shared_ptr<std::remove_pointer_t<Plan>> owner(plan, destroy);
+    return [=] { execute(owner.get()); };
+}
+
+inline std::function<void()> fftwCplx(float* in, float* out, int n, int sign)
+{
+    return running(fftwf_plan_dft_1d(n, reinterpret_cast<fftwf_complex*>(in), reinterpret_cast<fftwf_complex*>(out), sign,
+                                     FFTW_MEASURE),
+                   fftwf_destroy_plan, fftwf_execute);
+}
+inline std::function<void()> fftwCplx(double* in, double* out, int n, int sign)
+{
+    return running(fftw_plan_dft_1d(n, reinterpret_cast<fftw_complex*>(in), reinterpret_cast<fftw_complex*>(out), sign,
+                                    FFTW_MEASURE),
+                   fftw_destroy_plan, fftw_execute);
+}
+inline std::function<void()> fftwReal(float* in, float* out, int n)
+{
+    return running(fftwf_plan_dft_r2c_1d(n, in, reinterpret_cast<fftwf_complex*>(out), FFTW_MEASURE), fftwf_destroy_plan,
+                   fftwf_execute);
+}
+inline std::function<void()> fftwReal(double* in, double* out, int n)
+{
+    return running(fftw_plan_dft_r2c_1d(n, in, reinterpret_cast<fftw_complex*>(out), FFTW_MEASURE), fftw_destroy_plan,
+                   fftw_execute);
+}
+inline std::function<void()> fftwInverseReal(float* in, float* out, int n)
+{
+    return running(fftwf_plan_dft_c2r_1d(n, reinterpret_cast<fftwf_complex*>(in), out, FFTW_MEASURE), fftwf_destroy_plan,
+                   fftwf_execute);
+}
+
+} // namespace bench
+#else
+#define FFTW(...)
+#endif

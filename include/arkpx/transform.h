@@ -1,0 +1,310 @@
+/* arkpx/transform.h - bit reversal, twiddle tables, complex and real FFT. */
+#ifndef ARKPX_TRANSFORM_H
+#define ARKPX_TRANSFORM_H
+
+#include <arkpx/types.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * Bit reversal
+ *
+ *   BitRev         the low order bits of a in reverse order; higher bits are dropped
+ *   CalcBitRevTbl  tbl[i] = BitRev(i, order),                    i = 0 ... N-1, N = 2^order
+ *   GetBitRevTbl   the same table from the thread's cache
+ *   BitRev1        exchanges vec[i] and vec[BitRev(i, order)]
+ *   BitRev2        dst[BitRev(i, order)] = src[i]
+ *
+ * Order 3: {0, 4, 2, 6, 1, 5, 3, 7}. Orders are 0 to 31. src and dst do not overlap.
+ *
+ * A table that Get hands out belongs to the calling thread's cache: built on the first request of its order, the same
+ * pointer at every further one, valid until arkFreeBitRevTbls is called on that thread or the thread ends. Free works
+ * whatever the status is.
+ *
+ * Reports, each ARK_StatusBadArgument, all that fail, in this order: "order<0", "order>31"; then null pointers in the
+ * order of the arguments: "tbl==0", "vec==0", "src==0", "dst==0". Then the thread's status is tested: if it is negative,
+ * also from an earlier failure, nothing is done, BitRev returns 0 and Get a null pointer. Get reports
+ * ARK_StatusOutOfMemory "NULL Pointer" when there is no memory for the table. Module arkmisc. Allocates: Get, on the
+ * first use of an order, N ints.
+ * --------------------------------------------------------------------------------------------------------------- */
+ARKPX_API int  arkBitRev(int a, int order);
+ARKPX_API void arkCalcBitRevTbl(int* tbl, int order);
+ARKPX_API int* arkGetBitRevTbl(int order);
+ARKPX_API void arkFreeBitRevTbls(void);
+
+ARKPX_API void arksbBitRev1(float* vec, int order);
+ARKPX_API void arkdbBitRev1(double* vec, int order);
+ARKPX_API void arkcbBitRev1(FloatCplx* vec, int order);
+ARKPX_API void arkzbBitRev1(DoubleCplx* vec, int order);
+ARKPX_API void arkwbBitRev1(short* vec, int order);
+ARKPX_API void arkvbBitRev1(ShortCplx* vec, int order);
+ARKPX_API void arkibBitRev1(int* vec, int order);
+ARKPX_API void arkjbBitRev1(IntCplx* vec, int order);
+
+ARKPX_API void arksbBitRev2(const float* src, float* dst, int order);
+ARKPX_API void arkdbBitRev2(const double* src, double* dst, int order);
+ARKPX_API void arkcbBitRev2(const FloatCplx* src, FloatCplx* dst, int order);
+ARKPX_API void arkzbBitRev2(const DoubleCplx* src, DoubleCplx* dst, int order);
+ARKPX_API void arkwbBitRev2(const short* src, short* dst, int order);
+ARKPX_API void arkvbBitRev2(const ShortCplx* src, ShortCplx* dst, int order);
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * Twiddle tables
+ *
+ *   tbl[k] = e^(-2 pi i k / N) = (cos(2 pi k / N), -sin(2 pi k / N)),     k = 0 ... N-1
+ *
+ * N is length (DFT: any) or 2^order (FFT). The step 2 pi / N is a double, with 2 pi = 6.283185307179586; the angle k times
+ * the step, its cosine and its sine are computed for each k in extended precision and rounded once to float (c) or double
+ * (z). The 16-bit tables (v) are in Q14: 16384 times cosine and minus sine, truncated toward zero.
+ *
+ *   CalcDftTwdTbl, CalcFftTwdTbl   fill the caller's array of N elements
+ *   GetDftTwdTbl, GetFftTwdTbl     the same table from the thread's cache
+ *
+ * A table that Get hands out belongs to the calling thread's cache: built on first request, the same pointer at every
+ * further one, valid until the Free function of its element type is called on that thread or the thread ends. There is
+ * room for a table of every order and for 32 lengths of the DFT (see dftTwdCapacity of ArkErrorContext); tables are never
+ * dropped one by one.
+ *
+ *   arkcFreeTwdTbls  the c tables, what the single-precision and 16-bit transforms keep, and all working buffers
+ *   arkzFreeTwdTbls  the z tables and what the double-precision transforms keep
+ *   arkvFreeTwdTbls  the v tables
+ *
+ * Free works whatever the status is.
+ *
+ * Reports, each ARK_StatusBadArgument, all that fail, in this order: "order<0", "order>31" or "length<=0"; "tbl==0". Then
+ * the thread's status is tested: if it is negative, also from an earlier failure, nothing is done and Get returns a null
+ * pointer. Get reports ARK_StatusOutOfMemory and returns a null pointer: "Full Table" for a further length, "NULL Pointer"
+ * when there is no memory. Module arktwd. Allocates: Get, on the first use of a length or order, N elements.
+ * --------------------------------------------------------------------------------------------------------------- */
+ARKPX_API void arkcCalcDftTwdTbl(FloatCplx* tbl, int length);
+ARKPX_API void arkzCalcDftTwdTbl(DoubleCplx* tbl, int length);
+ARKPX_API void arkvCalcDftTwdTbl(ShortCplx* tbl, int length);
+
+ARKPX_API void arkcCalcFftTwdTbl(FloatCplx* tbl, int order);
+ARKPX_API void arkzCalcFftTwdTbl(DoubleCplx* tbl, int order);
+ARKPX_API void arkvCalcFftTwdTbl(ShortCplx* tbl, int order);
+
+ARKPX_API FloatCplx*  arkcGetDftTwdTbl(int length);
+ARKPX_API DoubleCplx* arkzGetDftTwdTbl(int length);
+ARKPX_API ShortCplx*  arkvGetDftTwdTbl(int length);
+
+ARKPX_API FloatCplx*  arkcGetFftTwdTbl(int order);
+ARKPX_API DoubleCplx* arkzGetFftTwdTbl(int order);
+ARKPX_API ShortCplx*  arkvGetFftTwdTbl(int order);
+
+ARKPX_API void arkcFreeTwdTbls(void);
+ARKPX_API void arkzFreeTwdTbls(void);
+ARKPX_API void arkvFreeTwdTbls(void);
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * The flag word of the transforms
+ *
+ *   direction      ARK_Forw        exponent -2 pi i k n / N, never scaled
+ *                  ARK_Inv         exponent +2 pi i k n / N, the result divided by N; exactly one of the two is needed
+ *                  ARK_NoScale     with ARK_Inv: not divided by N
+ *   order of the   ARK_NoBitRev    input and output in natural order: what counts when none of the three is given
+ *   elements       ARK_InBitRev    input in bit-reversed order, output in natural order
+ *                  ARK_OutBitRev   input in natural order, output in bit-reversed order; no two of the three together
+ *   layout of      ARK_OutRCPack, ARK_OutRCPerm    exactly one is needed where a packed spectrum is the result
+ *   spectra        ARK_InRCPack, ARK_InRCPerm      exactly one is needed where a packed spectrum is the source
+ *   tables         ARK_Init        only makes sure of tables and buffers; neither data nor other flags are looked at
+ *                  ARK_Free        only releases the tables of this order and the working buffers
+ *
+ * The complex FFT looks at the first two groups and the last, the real FFT at the others as each of its functions says.
+ * All other bits are ignored. Forward with ARK_OutBitRev and inverse with ARK_InBitRev save the two permutations of a
+ * convolution.
+ *
+ * Every transform takes these steps:
+ *   1. ARK_Free: done; nothing is tested, whatever the status is; an order outside 0 ... 31 releases nothing.
+ *   2. "order<0", "order>31"; then the thread's status is tested: if it is negative, nothing is done.
+ *   3. Tables and buffers are fetched, on the first use of an order built. When there is no memory, the transforms' own
+ *      tables of this precision are released once, then it is tried again, then ARK_StatusOutOfMemory "No working Twd
+ *      memory" is reported. Tables that a Get function has handed out stay.
+ *   4. ARK_Init: done.
+ *   5. The first null pointer is reported, in the order of the arguments ("samps==0" and the like).
+ *   6. Every broken rule of the flags is reported: "ARK_Forw and ARK_Inv", "no ARK_Forw or ARK_Inv", "ARK_InBitRev and
+ *      ARK_OutBitRev", else "ARK_InBitRev and ARK_NoBitRev", else "ARK_OutBitRev and ARK_NoBitRev", "ARK_InRCPack and
+ *      ARK_InRCPerm", "no ARK_InRCPack or ARK_InRCPerm", "ARK_OutRCPack and ARK_OutRCPerm", "no ARK_OutRCPack or
+ *      ARK_OutRCPerm".
+ *   7. The transform. Order 0: one element, which is its own transform and is not scaled.
+ * Reports other than that of memory are ARK_StatusBadArgument. After any report the data are untouched. Modules: arkffts
+ * (float), arkfftd (double), arkfftw (16 bits).
+ *
+ * Tables and buffers belong to the calling thread and go with it, or with arkcFreeTwdTbls and arkzFreeTwdTbls, or with
+ * ARK_Free. They take a few times the memory of the data. Calls on different threads share nothing.
+ * --------------------------------------------------------------------------------------------------------------- */
+enum {
+    ARK_Forw = 0x1,
+    ARK_Inv = 0x2,
+    ARK_Init = 0x4,
+    ARK_Free = 0x8,
+    ARK_NoScale = 0x10,
+    ARK_NoBitRev = 0x20,
+    ARK_InBitRev = 0x40,
+    ARK_OutBitRev = 0x80,
+    ARK_OutRCPack = 0x100,
+    ARK_OutRCPerm = 0x200,
+    ARK_InRCPack = 0x400,
+    ARK_InRCPerm = 0x1000
+};
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * The 16-bit transforms (v and w members)
+ *
+ * The samples become floats, the float transform is computed, and its results, rounded to the nearest integer (ties to
+ * even), are brought to 16 bits: ARK_WRAP and ARK_SATURATE clamp them; the other scale modes shift the rounded integers
+ * as arkpx/types.h says, by at most 63 to the right and 15 to the left; with ARK_AUTO_SCALE a factor other than 0 brings
+ * the largest magnitude to 16384 ... 32767. One factor serves the whole result, both vectors where there are two. Modes
+ * outside 0 to 4 take the low 16 bits.
+ *
+ * The steps above apply, with two differences. Null pointers and flags are tested before memory is fetched, and after the
+ * flags the scale mode: "ARK_FIXED_SCALE and ARK_AUTO_SCALE" (both bits set), "ARK_AUTO_SCALE and scaleFactor==NULL" (both
+ * reported). Memory for the floats is reported as "No working memory", after a retry without all tables and buffers of
+ * the transforms; what fails inside is reported by the float function under its own name and then once more as
+ * ARK_StatusBacktrace with "out NAME ARK_Init" or "out NAME calc. FFT", NAME being the float function that works in place
+ * (arkcFft, arksRealFft ...). Order 0 with ARK_AUTO_SCALE writes the factor 0.
+ * --------------------------------------------------------------------------------------------------------------- */
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * Complex FFT
+ *
+ *   ARK_Forw   X[k] =       sum over n of x[n] e^(-2 pi i k n / N)          k, n = 0 ... N-1, N = 2^order
+ *   ARK_Inv    x[n] = 1/N * sum over k of X[k] e^(+2 pi i k n / N)
+ *
+ * N elements in every array; the cr, zr and vr members take real and imaginary parts in arrays of their own, N each. The
+ * error of a result grows with the square root of the order: a few units in the last place of the largest.
+ *
+ * In place, or (Nip) from one array into another; the two are equal or do not overlap, and give results that are equal to
+ * the bit. Separate arrays give the same up to rounding. Null pointers: "samps==0"; "reSamps==0", "imSamps==0";
+ * "inSamps==0", "outSamps==0"; "reInSamps==0", "imInSamps==0", "reOutSamps==0", "imOutSamps==0".
+ * --------------------------------------------------------------------------------------------------------------- */
+ARKPX_API void arkcFft(FloatCplx* samps, int order, int flags);
+ARKPX_API void arkzFft(DoubleCplx* samps, int order, int flags);
+ARKPX_API void arkvFft(ShortCplx* samps, int order, int flags, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arkcFftNip(const FloatCplx* inSamps, FloatCplx* outSamps, int order, int flags);
+ARKPX_API void arkzFftNip(const DoubleCplx* inSamps, DoubleCplx* outSamps, int order, int flags);
+ARKPX_API void arkvFftNip(const ShortCplx* inSamps, ShortCplx* outSamps, int order, int flags, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arkcrFft(float* reSamps, float* imSamps, int order, int flags);
+ARKPX_API void arkzrFft(double* reSamps, double* imSamps, int order, int flags);
+ARKPX_API void arkvrFft(short* reSamps, short* imSamps, int order, int flags, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arkcrFftNip(const float* reInSamps, const float* imInSamps, float* reOutSamps, float* imOutSamps, int order, int flags);
+ARKPX_API void arkzrFftNip(const double* reInSamps, const double* imInSamps, double* reOutSamps, double* imOutSamps, int order, int flags);
+ARKPX_API void arkvrFftNip(const short* reInSamps, const short* imInSamps, short* reOutSamps, short* imOutSamps, int order, int flags, int scaleMode, int* scaleFactor);
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * Real FFT
+ *
+ * The spectrum of N = 2^order reals has X[N-k] = conj(X[k]), and X[0] and X[N/2] are real. Its first half is kept in one of
+ * three layouts, drawn here for N = 8, one cell a real:
+ *
+ *   CCS      | re0 |  0  | re1 | im1 | re2 | im2 | re3 | im3 | re4 |  0  |      N + 2 reals, N/2 + 1 complex elements
+ *   RCPack   | re0 | re1 | im1 | re2 | im2 | re3 | im3 | re4 |                  N reals
+ *   RCPerm   | re0 | re4 | re1 | im1 | re2 | im2 | re3 | im3 |                  N reals
+ *
+ *   RealFft     N reals into CCS                     RealFftl    N reals into RCPack or RCPerm (ARK_Out...)
+ *   CcsFft      CCS into N reals                     CcsFftl     RCPack or RCPerm (ARK_In...) into N reals
+ *   Real2Fft    two signals of N reals into CCS      Ccs2Fft     two spectra in CCS into N reals each
+ *
+ *   to a spectrum      X[k] = sum over n of x[n] e^(-+2 pi i k n / N)        k = 0 ... N/2
+ *   to a signal        x[n] = sum over k of X[k] e^(-+2 pi i k n / N)        k, n = 0 ... N-1, X[N-k] = conj(X[k])
+ *
+ * with - for ARK_Forw and + for ARK_Inv, which without ARK_NoScale divides either by N. RealFft with ARK_Forw and then
+ * CcsFft with ARK_Inv give the signal back. The imaginary parts of X[0] and X[N/2] in CCS are written as zero and not
+ * read. Bit-order flags are ignored. One complex FFT of N/2 elements is computed, for two signals one of N.
+ *
+ * In place: samps has N + 2 reals where one side is in CCS, else N; a signal takes the first N. Not in place (Nip): the
+ * arrays do not overlap; a CCS spectrum is an array of N/2 + 1 complex elements. Both give results that are equal to the
+ * bit. Order 0: in place nothing changes; otherwise the element is copied, into CCS as (x, 0). Order 1: (x0 + x1, x0 - x1).
+ *
+ * Null pointers: "samps==0"; "inSamps==0", "outSamps==0"; "xSamps==0", "ySamps==0"; "xInSamps==0", "yInSamps==0",
+ * "xOutSamps==0", "yOutSamps==0". arksReal2FftNip and arksCcs2FftNip and their double kin test pointers and flags before
+ * they fetch memory; a failure to do so is reported under the names arksReal2Fft and arkcrFft (arkdReal2Fft and arkzrFft)
+ * and once more as ARK_StatusBacktrace with "out arksReal2Fft" and "out arkcrFft" (or the double names).
+ * --------------------------------------------------------------------------------------------------------------- */
+ARKPX_API void arksRealFft(float* samps, int order, int flags);
+ARKPX_API void arkdRealFft(double* samps, int order, int flags);
+ARKPX_API void arkwRealFft(short* samps, int order, int flags, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arksCcsFft(float* samps, int order, int flags);
+ARKPX_API void arkdCcsFft(double* samps, int order, int flags);
+ARKPX_API void arkwCcsFft(short* samps, int order, int flags, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arksRealFftNip(const float* inSamps, FloatCplx* outSamps, int order, int flags);
+ARKPX_API void arkdRealFftNip(const double* inSamps, DoubleCplx* outSamps, int order, int flags);
+ARKPX_API void arkwRealFftNip(const short* inSamps, ShortCplx* outSamps, int order, int flags, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arksCcsFftNip(const FloatCplx* inSamps, float* outSamps, int order, int flags);
+ARKPX_API void arkdCcsFftNip(const DoubleCplx* inSamps, double* outSamps, int order, int flags);
+ARKPX_API void arkwCcsFftNip(const ShortCplx* inSamps, short* outSamps, int order, int flags, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arksRealFftl(float* samps, int order, int flags);
+ARKPX_API void arkdRealFftl(double* samps, int order, int flags);
+ARKPX_API void arkwRealFftl(short* samps, int order, int flags, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arksCcsFftl(float* samps, int order, int flags);
+ARKPX_API void arkdCcsFftl(double* samps, int order, int flags);
+ARKPX_API void arkwCcsFftl(short* samps, int order, int flags, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arksRealFftlNip(const float* inSamps, float* outSamps, int order, int flags);
+ARKPX_API void arkdRealFftlNip(const double* inSamps, double* outSamps, int order, int flags);
+ARKPX_API void arkwRealFftlNip(const short* inSamps, short* outSamps, int order, int flags, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arksCcsFftlNip(const float* inSamps, float* outSamps, int order, int flags);
+ARKPX_API void arkdCcsFftlNip(const double* inSamps, double* outSamps, int order, int flags);
+ARKPX_API void arkwCcsFftlNip(const short* inSamps, short* outSamps, int order, int flags, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arksReal2Fft(float* xSamps, float* ySamps, int order, int flags);
+ARKPX_API void arkdReal2Fft(double* xSamps, double* ySamps, int order, int flags);
+ARKPX_API void arkwReal2Fft(short* xSamps, short* ySamps, int order, int flags, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arksCcs2Fft(float* xSamps, float* ySamps, int order, int flags);
+ARKPX_API void arkdCcs2Fft(double* xSamps, double* ySamps, int order, int flags);
+ARKPX_API void arkwCcs2Fft(short* xSamps, short* ySamps, int order, int flags, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arksReal2FftNip(const float* xInSamps, const float* yInSamps, FloatCplx* xOutSamps, FloatCplx* yOutSamps, int order, int flags);
+ARKPX_API void arkdReal2FftNip(const double* xInSamps, const double* yInSamps, DoubleCplx* xOutSamps, DoubleCplx* yOutSamps, int order, int flags);
+ARKPX_API void arkwReal2FftNip(const short* xInSamps, const short* yInSamps, ShortCplx* xOutSamps, ShortCplx* yOutSamps, int order, int flags, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arksCcs2FftNip(const FloatCplx* xInSamps, const FloatCplx* yInSamps, float* xOutSamps, float* yOutSamps, int order, int flags);
+ARKPX_API void arkdCcs2FftNip(const DoubleCplx* xInSamps, const DoubleCplx* yInSamps, double* xOutSamps, double* yOutSamps, int order, int flags);
+ARKPX_API void arkwCcs2FftNip(const ShortCplx* xInSamps, const ShortCplx* yInSamps, short* xOutSamps, short* yOutSamps, int order, int flags, int scaleMode, int* scaleFactor);
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * Products of packed spectra
+ *
+ *   MpyRCPack2, MpyRCPerm2   dst[k] = dst[k] * src[k]           MpyRCPack3, MpyRCPerm3   dst[k] = srcA[k] * srcB[k]
+ *
+ * for the elements k = 0 ... N/2, in arrays of N = 2^order reals: real products at k = 0 and N/2, complex ones
+ * between. The arithmetic, and for 16 bits the scaling, are those of the vector products (arkpx/vector.h): exact products
+ * in 32 bits, fixed factors modulo 32; one factor serves the whole spectrum. Any source may be the destination.
+ *
+ * Reports, each ARK_StatusBadArgument, all that fail, in this order: "order<0", "order>31", "src==0" or "srcA==0",
+ * "srcB==0", "dst==0", and for 16 bits "scaleFactor==0" in every mode. Then the thread's status is tested: if it is
+ * negative, nothing is written. Modules as above. Allocates: never.
+ * --------------------------------------------------------------------------------------------------------------- */
+ARKPX_API void arksMpyRCPack2(const float* src, float* dst, int order);
+ARKPX_API void arkdMpyRCPack2(const double* src, double* dst, int order);
+ARKPX_API void arkwMpyRCPack2(const short* src, short* dst, int order, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arksMpyRCPerm2(const float* src, float* dst, int order);
+ARKPX_API void arkdMpyRCPerm2(const double* src, double* dst, int order);
+ARKPX_API void arkwMpyRCPerm2(const short* src, short* dst, int order, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arksMpyRCPack3(const float* srcA, const float* srcB, float* dst, int order);
+ARKPX_API void arkdMpyRCPack3(const double* srcA, const double* srcB, double* dst, int order);
+ARKPX_API void arkwMpyRCPack3(const short* srcA, const short* srcB, short* dst, int order, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arksMpyRCPerm3(const float* srcA, const float* srcB, float* dst, int order);
+ARKPX_API void arkdMpyRCPerm3(const double* srcA, const double* srcB, double* dst, int order);
+ARKPX_API void arkwMpyRCPerm3(const short* srcA, const short* srcB, short* dst, int order, int scaleMode, int* scaleFactor);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

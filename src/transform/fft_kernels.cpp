@@ -1,0 +1,1325 @@
+// The complex FFT of 2^order elements.
+//
+// A register has W lanes. Element W n + l of the source belongs to lane l and row n: with M = N / W rows
+//
+//   X[k + M q] = sum over l of  w_W^(l q)  w_N^(l k)  Y_l[k],      Y_l[k] = sum over n of w_M^(n k) x[W n + l]
+//
+// with w_N = e^(-2 pi i / N). The rows pass: the transforms Y_l run in all lanes at once, Stockham passes of radix 4 and 8
+// over the rows, with twiddles that are the same for all lanes. The lanes pass: for W rows k at a time the twiddles
+// w_N^(l k), a transposition, and the transform over l as radix 2 and radix W / 2, whose results are whole registers of
+// neighbouring k. Between passes a row is W real parts and then W imaginary parts.
+//
+// The order of lanes that a deinterleaving inside blocks of 128 bits gives is l = W/2 p1 + 2 b + p0 for floats (b the
+// block, p1 p0 the place in it) and l = W/2 p + b for doubles; it is kept throughout: the first factor of the transform
+// over l is the radix 2 over p1 or p, and the table of the lanes pass is in that order.
+#include "frame/kernels.hpp"
+#include "transform/fft_kernels.hpp"
+#include "frame/simd.hpp"
+
+namespace ark::ARK_SET {
+namespace {
+
+// ---- registers of W lanes, the native ones and narrower ones for short transforms ----
+
+template <class R, int W>
+struct RegisterOf {
+    typedef R Type __attribute__((vector_size(W * sizeof(R))));
+};
+template <class R, int W>
+using Reg = typename RegisterOf<R, W>::Type;
+
+template <class R, int W>
+ARK_INLINE Reg<R, W> get(const R* from)
+{
+    Reg<R, W> v;
+    __builtin_memcpy(&v, from, sizeof v);
+    return v;
+}
+template <class V, class R>
+ARK_INLINE void put(R* to, V v)
+{
+    __builtin_memcpy(to, &v, sizeof v);
+}
+
+template <class V, int (*source)(int lane, int lanes), std::size_t... i>
+ARK_INLINE V shuffledIn(V a, V b, std::index_sequence<i...>)
+{
+    return __builtin_shufflevector(a, b, source(int(i), int(sizeof...(i)))...);
+}
+template <int (*source)(int lane, int lanes), class V>
+ARK_INLINE V shuffled(V a, V b)
+{
+    return shuffledIn<V, source>(a, b, std::make_index_sequence<lanesOf<V>>{});
+}
+
+// Places in blocks of 128 bits: P of them, 4 for floats and 2 for doubles.
+template <class V>
+inline constexpr int placesOf = int(16 / sizeof(V{}[0]));
+
+// Interleaving inside blocks, by single places and by pairs of places; lane counts on from a to b.
+template <int P, int unit>
+constexpr int unpackLow(int lane, int lanes)
+{
+    const int block = lane / P * P, place = lane % P / unit;
+    return block + place / 2 * unit + lane % unit + (place % 2 ? lanes : 0);
+}
+template <int P, int unit>
+constexpr int unpackHigh(int lane, int lanes)
+{
+    return unpackLow<P, unit>(lane, lanes) + P / 2;
+}
+// Even and odd places of a, then of b, inside blocks.
+template <int P>
+constexpr int evens(int lane, int lanes)
+{
+    const int block = lane / P * P, place = lane % P;
+    return block + place * 2 % P + (place * 2 >= P ? lanes : 0);
+}
+template <int P>
+constexpr int odds(int lane, int lanes)
+{
+    return evens<P>(lane, lanes) + 1;
+}
+// Halves and every second block of a, then of b.
+constexpr int lowHalves(int lane, int lanes) { return lane < lanes / 2 ? lane : lane + lanes / 2; }
+constexpr int highHalves(int lane, int lanes) { return lowHalves(lane, lanes) + lanes / 2; }
+template <int P>
+constexpr int evenBlocks(int lane, int)
+{
+    return lane / P * 2 * P + lane % P;
+}
+template <int P>
+constexpr int oddBlocks(int lane, int lanes)
+{
+    return evenBlocks<P>(lane, lanes) + P;
+}
+
+// The order of lanes (see the top of the file): the element that a lane holds, and the lane that holds an element.
+template <int P>
+constexpr int elementOf(int lane, int lanes)
+{
+    const int block = lane / P, place = lane % P;
+    return P == 4 ? lanes / 2 * (place / 2) + 2 * block + place % 2 : lanes / 2 * place + block;
+}
+template <int P>
+constexpr int laneOf(int element, int lanes)
+{
+    const int upper = element / (lanes / 2), rest = element % (lanes / 2);
+    return P == 4 ? rest / 2 * 4 + upper * 2 + rest % 2 : rest * 2 + upper;
+}
+
+template <class V>
+struct Cplx {
+    V re, im;
+};
+template <class V>
+ARK_INLINE Cplx<V> operator+(Cplx<V> a, Cplx<V> b)
+{
+    return {a.re + b.re, a.im + b.im};
+}
+template <class V>
+ARK_INLINE Cplx<V> operator-(Cplx<V> a, Cplx<V> b)
+{
+    return {a.re - b.re, a.im - b.im};
+}
+template <class V>
+ARK_INLINE Cplx<V> operator*(Cplx<V> a, Cplx<V> b)
+{
+    return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re};
+}
+template <class V>
+ARK_INLINE Cplx<V> timesMinusI(Cplx<V> a)
+{
+    return {a.im, -a.re};
+}
+
+template <class R, int W>
+ARK_INLINE Reg<R, W> all(R x)
+{
+    return x - Reg<R, W>{};
+}
+
+template <class V>
+inline constexpr auto halfRoot = decltype(V{}[0] + V{}[0])(0.70710678118654752440);
+template <>
+inline constexpr auto halfRoot<float> = 0.70710678118654752440f;
+template <>
+inline constexpr auto halfRoot<double> = 0.70710678118654752440;
+
+// ---- butterflies: forward transforms of 2, 4, 8 complex numbers, in natural order ----
+
+template <class V>
+ARK_INLINE void butterfly(Cplx<V> (&x)[1])
+{
+    static_cast<void>(x);
+}
+template <class V>
+ARK_INLINE void butterfly(Cplx<V> (&x)[2])
+{
+    const Cplx<V> a = x[0] + x[1];
+    x[1] = x[0] - x[1];
+    x[0] = a;
+}
+template <class V>
+ARK_INLINE void butterfly(Cplx<V> (&x)[4])
+{
+    const Cplx<V> s02 = x[0] + x[2], d02 = x[0] - x[2], s13 = x[1] + x[3], d13 = x[1] - x[3];
+    x[0] = s02 + s13;
+    x[2] = s02 - s13;
+    x[1] = {d02.re + d13.im, d02.im - d13.re};
+    x[3] = {d02.re - d13.im, d02.im + d13.re};
+}
+template <class V>
+ARK_INLINE void butterfly(Cplx<V> (&x)[8])
+{
+    Cplx<V> even[4] = {x[0] + x[4], x[1] + x[5], x[2] + x[6], x[3] + x[7]};
+    const Cplx<V> d0 = x[0] - x[4], d1 = x[1] - x[5], d2 = x[2] - x[6], d3 = x[3] - x[7];
+    butterfly(even);
+    // The odd results: the differences times w_8^n.
+    const V h = V{} + halfRoot<V>;
+    Cplx<V> odd[4] = {d0, {(d1.re + d1.im) * h, (d1.im - d1.re) * h}, timesMinusI(d2), {(d3.im - d3.re) * h, -(d3.re + d3.im) * h}};
+    butterfly(odd);
+    ARK_UNROLL
+    for (int i = 0; i < 4; i++) {
+        x[2 * i] = even[i];
+        x[2 * i + 1] = odd[i];
+    }
+}
+
+// ---- memory ----
+
+// How the caller's vectors are read and written. For the inverse transform real and imaginary parts exchange roles on
+// the way in and on the way out; with separate parts that is an exchange of pointers.
+enum Form { forwardPairs, inversePairs, separateParts };
+
+// W elements of the caller's vector, in the order of lanes.
+template <class R, int W, Form form>
+struct Outside {
+    using V = Reg<R, W>;
+    static constexpr int P = placesOf<V>;
+    static constexpr std::ptrdiff_t perElement = form == separateParts ? 1 : 2;
+
+    static ARK_INLINE Cplx<V> load(FftVector<const R> from, std::ptrdiff_t element)
+    {
+        if constexpr (form == separateParts) {
+            const V re = get<R, W>(from.re + element), im = get<R, W>(from.im + element);
+            return {shuffled<elementOf<P>>(re, re), shuffled<elementOf<P>>(im, im)};
+        } else {
+            const V x = get<R, W>(from.re + 2 * element), y = get<R, W>(from.re + 2 * element + W);
+            const V even = shuffled<evens<P>>(x, y), odd = shuffled<odds<P>>(x, y);
+            return form == forwardPairs ? Cplx<V>{even, odd} : Cplx<V>{odd, even};
+        }
+    }
+
+    static ARK_INLINE void store(FftVector<R> to, std::ptrdiff_t element, Cplx<V> x)
+    {
+        if constexpr (form == separateParts) {
+            put(to.re + element, shuffled<laneOf<P>>(x.re, x.re));
+            put(to.im + element, shuffled<laneOf<P>>(x.im, x.im));
+        } else {
+            const V even = form == forwardPairs ? x.re : x.im, odd = form == forwardPairs ? x.im : x.re;
+            put(to.re + 2 * element, shuffled<unpackLow<P, 1>>(even, odd));
+            put(to.re + 2 * element + W, shuffled<unpackHigh<P, 1>>(even, odd));
+        }
+    }
+};
+
+// The rows that a pass reads or writes: of the caller's vector, row n beginning at element first + n step, ...
+template <class R, int W, Form form>
+struct OuterSource {
+    FftVector<const R> vector;
+    std::ptrdiff_t first, step;
+    ARK_INLINE Cplx<Reg<R, W>> operator()(std::ptrdiff_t n) const
+    {
+        return Outside<R, W, form>::load(vector, first + n * step);
+    }
+};
+template <class R, int W, Form form, bool scaled>
+struct OuterTarget {
+    FftVector<R> vector;
+    std::ptrdiff_t first, step;
+    R scale;
+    ARK_INLINE void operator()(std::ptrdiff_t n, Cplx<Reg<R, W>> x) const
+    {
+        if constexpr (scaled) {
+            x.re *= scale;
+            x.im *= scale;
+        }
+        Outside<R, W, form>::store(vector, first + n * step, x);
+    }
+};
+
+// ... or between passes: row n has its W real parts at re + n stride and its imaginary parts at im + n stride.
+template <class R>
+struct Rows {
+    R *re, *im;
+    std::ptrdiff_t stride;
+};
+template <class R, int W>
+Rows<R> rowsIn(R* memory)
+{
+    return {memory, memory + W, 2 * W};
+}
+template <class R, int W, Form form>
+Rows<R> rowsIn(FftVector<R> vector)
+{
+    if constexpr (form == separateParts)
+        return {vector.re, vector.im, W};
+    else
+        return rowsIn<R, W>(vector.re);
+}
+template <class R, int W>
+struct InnerSource {
+    Rows<R> rows;
+    ARK_INLINE Cplx<Reg<R, W>> operator()(std::ptrdiff_t n) const
+    {
+        return {get<R, W>(rows.re + n * rows.stride), get<R, W>(rows.im + n * rows.stride)};
+    }
+};
+template <class R, int W>
+struct InnerTarget {
+    Rows<R> rows;
+    ARK_INLINE void operator()(std::ptrdiff_t n, Cplx<Reg<R, W>> x) const
+    {
+        put(rows.re + n * rows.stride, x.re);
+        put(rows.im + n * rows.stride, x.im);
+    }
+};
+
+template <class R, int W>
+ARK_INLINE Cplx<Reg<R, W>> getCplx(const R* from)
+{
+    return {get<R, W>(from), get<R, W>(from + W)};
+}
+
+// ---- the rows' transforms ----
+
+constexpr int log2Of(int n) { return n == 1 ? 0 : 1 + log2Of(n / 2); }
+
+constexpr int reversed(int i, int count)
+{
+    int result = 0;
+    for (; count > 1; count /= 2, i /= 2)
+        result = 2 * result + i % 2;
+    return result;
+}
+
+// Counts in bit-reversed order: the place of the next index among count.
+ARK_INLINE std::ptrdiff_t nextReversed(std::ptrdiff_t place, std::ptrdiff_t count)
+{
+    std::ptrdiff_t bit = count / 2;
+    for (; bit & place; bit /= 2)
+        place ^= bit;
+    return place | bit;
+}
+
+// The radices of the transform of 2^m rows, and the size of their table: of every pass but the last.
+struct Plan {
+    int m, passes;
+    int log2Radix[12];
+    std::ptrdiff_t tableSize;
+
+    static Plan of(int m)
+    {
+        Plan plan{m, 0, {}, 0};
+        for (int left = m; left > 0;) {
+            // 8 as often as possible; no 2 but for want of anything else.
+            const int log2Radix = left == 4 || left == 2 || (left > 1 && left % 3 == 1) ? 2 : left < 3 ? left : 3;
+            plan.log2Radix[plan.passes++] = log2Radix;
+            left -= log2Radix;
+            if (left > 0)
+                plan.tableSize += (std::ptrdiff_t{2} << left) * ((1 << log2Radix) - 1);
+        }
+        return plan;
+    }
+};
+
+// A pass of radix r over transforms of length n, s of them one after another, in place: butterflies of the rows p + t n/r
+// for every p = 0 ... n/r - 1, whose result j is multiplied by w_n^(j p). The table has r - 1 factors for every p. From
+// natural order to bit-reversed order; or, with the passes in the opposite order and the factors before the butterfly,
+// from bit-reversed order to natural order.
+template <class R, int W, int radix, bool toReversed, class Source, class Target>
+ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, const R* table)
+{
+    using V = Reg<R, W>;
+    const std::ptrdiff_t apart = n / radix;
+    for (std::ptrdiff_t block = 0; block < n * s; block += n)
+        for (std::ptrdiff_t p = 0; p < apart; p++) {
+            const R* w = table + p * 2 * (radix - 1);
+            const auto factor = [&](int j) { return Cplx<V>{all<R, W>(w[2 * j - 2]), all<R, W>(w[2 * j - 1])}; };
+            Cplx<V> x[radix];
+            ARK_UNROLL
+            for (int t = 0; t < radix; t++)
+                x[toReversed ? t : reversed(t, radix)] = source(block + p + t * apart);
+            if (!toReversed && apart > 1)
+                ARK_UNROLL
+                for (int j = 1; j < radix; j++)
+                    x[j] = x[j] * factor(j);
+            butterfly(x);
+            ARK_UNROLL
+            for (int j = 0; j < radix; j++)
+                target(block + p + (toReversed ? reversed(j, radix) : j) * apart,
+                       toReversed && apart > 1 && j > 0 ? x[j] * factor(j) : x[j]);
+        }
+}
+
+template <int i>
+struct Index {};
+
+// Calls body with the radix as a constant.
+template <class Body>
+ARK_INLINE void withRadix(int log2Radix, Body body)
+{
+    switch (log2Radix) {
+    case 1: return body(Index<2>{});
+    case 2: return body(Index<4>{});
+    default: return body(Index<8>{});
+    }
+}
+
+template <class R, int W, bool toReversed, class Source, class Target>
+ARK_INLINE void inPlace(int log2Radix, Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, const R* table)
+{
+    switch (log2Radix) {
+    case 1: return inPlacePass<R, W, 2, toReversed>(source, target, n, s, table);
+    case 2: return inPlacePass<R, W, 4, toReversed>(source, target, n, s, table);
+    default: return inPlacePass<R, W, 8, toReversed>(source, target, n, s, table);
+    }
+}
+
+// In place in the rows, but for the source of the first pass.
+template <class R, int W, class Source>
+ARK_INLINE void transformRowsToReversed(const Plan& plan, int passes, Source source, Rows<R> rows, const R* table)
+{
+    std::ptrdiff_t n = std::ptrdiff_t{1} << plan.m, s = 1;
+    for (int i = 0; i < passes; i++) {
+        const int radix = 1 << plan.log2Radix[i];
+        if (i == 0)
+            inPlace<R, W, true>(plan.log2Radix[i], source, InnerTarget<R, W>{rows}, n, s, table);
+        else
+            inPlace<R, W, true>(plan.log2Radix[i], InnerSource<R, W>{rows}, InnerTarget<R, W>{rows}, n, s, table);
+        n /= radix;
+        s *= radix;
+        table += n * 2 * (radix - 1);
+    }
+}
+
+// The last pass to bit-reversed order, with its results put in natural order: rows in place, target in any order.
+template <class R, int W, int radix, class Source, class Target>
+ARK_INLINE void lastPass(Source source, Target target, std::ptrdiff_t M)
+{
+    for (std::ptrdiff_t block = 0, k = 0; block < M; block += radix, k = nextReversed(k, M / radix)) {
+        Cplx<Reg<R, W>> x[radix];
+        ARK_UNROLL
+        for (int t = 0; t < radix; t++)
+            x[t] = source(block + t);
+        butterfly(x);
+        ARK_UNROLL
+        for (int j = 0; j < radix; j++)
+            target(k + j * (M / radix), x[j]);
+    }
+}
+
+// In place in the rows, but for the target of the last pass.
+template <class R, int W, class Target>
+ARK_INLINE void transformRowsFromReversed(const Plan& plan, int passes, Rows<R> rows, Target target, const R* table)
+{
+    table += plan.tableSize;
+    std::ptrdiff_t n = 1, s = std::ptrdiff_t{1} << plan.m;
+    for (int i = plan.passes - 1; i >= passes; i--) {
+        n <<= plan.log2Radix[i];
+        s >>= plan.log2Radix[i];
+    }
+    for (int i = passes - 1; i >= 0; i--) {
+        const int radix = 1 << plan.log2Radix[i];
+        if (n > 1)
+            table -= n * 2 * (radix - 1);
+        n *= radix;
+        s /= radix;
+        if (i == 0)
+            inPlace<R, W, false>(plan.log2Radix[i], InnerSource<R, W>{rows}, target, n, s, table);
+        else
+            inPlace<R, W, false>(plan.log2Radix[i], InnerSource<R, W>{rows}, InnerTarget<R, W>{rows}, n, s, table);
+    }
+}
+
+// ---- the lanes' transform ----
+
+// P registers of places by rows, transposed inside their blocks: register p then has place p of all P rows.
+template <class V>
+ARK_INLINE void transposeInBlocks(V (&x)[4])
+{
+    const V a = shuffled<unpackLow<4, 1>>(x[0], x[1]), b = shuffled<unpackHigh<4, 1>>(x[0], x[1]);
+    const V c = shuffled<unpackLow<4, 1>>(x[2], x[3]), d = shuffled<unpackHigh<4, 1>>(x[2], x[3]);
+    x[0] = shuffled<unpackLow<4, 2>>(a, c);
+    x[1] = shuffled<unpackHigh<4, 2>>(a, c);
+    x[2] = shuffled<unpackLow<4, 2>>(b, d);
+    x[3] = shuffled<unpackHigh<4, 2>>(b, d);
+}
+template <class V>
+ARK_INLINE void transposeInBlocks(V (&x)[2])
+{
+    const V a = shuffled<unpackLow<2, 1>>(x[0], x[1]);
+    x[1] = shuffled<unpackHigh<2, 1>>(x[0], x[1]);
+    x[0] = a;
+}
+
+// B registers of B blocks each, transposed by blocks.
+template <int P, class V>
+ARK_INLINE void transposeBlocks(V (&x)[1])
+{
+    static_cast<void>(x);
+}
+template <int P, class V>
+ARK_INLINE void transposeBlocks(V (&x)[2])
+{
+    const V a = shuffled<lowHalves>(x[0], x[1]);
+    x[1] = shuffled<highHalves>(x[0], x[1]);
+    x[0] = a;
+}
+template <int P, class V>
+ARK_INLINE void transposeBlocks(V (&x)[4])
+{
+    const V a = shuffled<lowHalves>(x[0], x[1]), b = shuffled<highHalves>(x[0], x[1]);
+    const V c = shuffled<lowHalves>(x[2], x[3]), d = shuffled<highHalves>(x[2], x[3]);
+    x[0] = shuffled<evenBlocks<P>>(a, c);
+    x[1] = shuffled<oddBlocks<P>>(a, c);
+    x[2] = shuffled<evenBlocks<P>>(b, d);
+    x[3] = shuffled<oddBlocks<P>>(b, d);
+}
+
+// The constants of a register's own transform, in the table: the factors of the radix-2 step of fillTile, then those
+// between the upper and the lower stages of transformLanes, which only registers of 8 and 16 lanes need.
+template <class R, int W>
+struct LaneConstants {
+    static constexpr int halfFactors = int(8 / sizeof(R)), size = (halfFactors + 1) * 2 * W;
+    const R* table;
+    ARK_INLINE Cplx<Reg<R, W>> half(int p) const { return getCplx<R, W>(table + p * 2 * W); }
+    ARK_INLINE Cplx<Reg<R, W>> stages() const { return half(halfFactors); }
+};
+
+// W rows k on their way to natural order, between the two halves of lanesToNatural: [q1][p0][group], W real and W imaginary
+// parts. Registers would not hold them.
+template <class R, int W>
+struct Tile {
+    static constexpr int P = int(16 / sizeof(R)), B = W / P, half = P / 2;
+    alignas(64) R part[2][half][B][2 * W];
+};
+
+// The factors w_N^(l k), the transposition inside blocks, and radix 2 over the upper half of the lanes.
+template <class R, int W, class Source>
+ARK_INLINE void fillTile(Tile<R, W>& tile, Source source, std::ptrdiff_t place, std::ptrdiff_t apart, const R* table,
+                         LaneConstants<R, W> constants)
+{
+    using V = Reg<R, W>;
+    constexpr int P = Tile<R, W>::P, half = Tile<R, W>::half;
+    ARK_UNROLL
+    for (int group = 0; group < Tile<R, W>::B; group++) {
+        V re[P], im[P];
+        ARK_UNROLL
+        for (int r = 0; r < P; r++) {
+            const int i = elementOf<P>(group * P + r, W);
+            const Cplx<V> x = source(place + reversed(i, W) * apart) * getCplx<R, W>(table + i * 2 * W);
+            re[r] = x.re;
+            im[r] = x.im;
+        }
+        transposeInBlocks(re);
+        transposeInBlocks(im);
+        ARK_UNROLL
+        for (int p = 0; p < half; p++) {
+            const Cplx<V> a{re[p], im[p]}, b{re[p + half], im[p + half]};
+            const Cplx<V> sum = a + b, difference = (a - b) * constants.half(p);
+            put(tile.part[0][p][group], sum.re);
+            put(tile.part[0][p][group] + W, sum.im);
+            put(tile.part[1][p][group], difference.re);
+            put(tile.part[1][p][group] + W, difference.im);
+        }
+    }
+}
+
+// The transposition of blocks and radix W / 2.
+template <class R, int W, class Target>
+ARK_INLINE void emptyTile(const Tile<R, W>& tile, Target target, std::ptrdiff_t k0, std::ptrdiff_t M)
+{
+    using V = Reg<R, W>;
+    constexpr int P = Tile<R, W>::P, B = Tile<R, W>::B, half = Tile<R, W>::half, H = W / 2;
+    ARK_UNROLL
+    for (int q1 = 0; q1 < 2; q1++) {
+        Cplx<V> x[H];
+        ARK_UNROLL
+        for (int p = 0; p < half; p++) {
+            V re[B], im[B];
+            ARK_UNROLL
+            for (int group = 0; group < B; group++) {
+                re[group] = get<R, W>(tile.part[q1][p][group]);
+                im[group] = get<R, W>(tile.part[q1][p][group] + W);
+            }
+            transposeBlocks<P>(re);
+            transposeBlocks<P>(im);
+            ARK_UNROLL
+            for (int b = 0; b < B; b++)
+                x[half * b + p] = {re[b], im[b]};
+        }
+        butterfly(x);
+        ARK_UNROLL
+        for (int q2 = 0; q2 < H; q2++)
+            target(k0 + M * (q1 + 2 * q2), x[q2]);
+    }
+}
+
+// Natural order, from rows in bit-reversed order: for W rows k at a time, the transform over the lanes of each, written
+// where k + M q stands. A tile is filled while the one before it is emptied, so that neither waits for memory.
+template <class R, int W, class Target>
+void lanesToNatural(Rows<R> rows, Target target, std::ptrdiff_t M, const R* table, LaneConstants<R, W> constants)
+{
+    const InnerSource<R, W> source{rows};
+    Tile<R, W> tiles[2];
+    fillTile(tiles[0], source, 0, M / W, table, constants);
+    std::ptrdiff_t place = 0;
+    for (std::ptrdiff_t k0 = 0; k0 < M; k0 += W) {
+        if (k0 + W < M) {
+            place = nextReversed(place, M / W);
+            fillTile(tiles[(k0 / W + 1) % 2], source, place, M / W, table + (k0 + W) * 2 * W, constants);
+        }
+        emptyTile(tiles[k0 / W % 2], target, k0, M);
+    }
+}
+
+// The lane that holds the element at a distance, and +1 or -1 for the lower and the upper one of each such pair.
+template <int P, int distance>
+constexpr int partnerOf(int lane, int lanes)
+{
+    return laneOf<P>(elementOf<P>(lane, lanes) ^ distance, lanes);
+}
+template <class R, int W, int distance, std::size_t... lane>
+ARK_INLINE Reg<R, W> signsIn(std::index_sequence<lane...>)
+{
+    return Reg<R, W>{(elementOf<int(16 / sizeof(R))>(int(lane), W) & distance ? R(-1) : R(1))...};
+}
+
+// One stage of the transform over the lanes of a register: x[e] + x[e + distance] and x[e] - x[e + distance].
+template <class R, int W, int distance, int count>
+ARK_INLINE void laneStage(Cplx<Reg<R, W>> (&x)[count])
+{
+    constexpr auto partner = partnerOf<int(16 / sizeof(R)), distance>;
+    const Reg<R, W> sign = signsIn<R, W, distance>(std::make_index_sequence<W>{});
+    ARK_UNROLL
+    for (auto& y : x)
+        y = {y.re * sign + shuffled<partner>(y.re, y.re), y.im * sign + shuffled<partner>(y.im, y.im)};
+}
+
+// Lanes that are in the upper half of both pairs: from a to b there.
+template <int P, int distance>
+constexpr int upperOfBoth(int lane, int lanes)
+{
+    const int element = elementOf<P>(lane, lanes);
+    return element & distance && element & distance / 2 ? lane + lanes : lane;
+}
+
+// Two stages, which together are a radix 4 but for factors that commute with the one between them: at a distance and at
+// half of it, or the opposite. In between, the upper half of both is multiplied by -i.
+template <class R, int W, bool toReversed, int distance, int count>
+ARK_INLINE void twoLaneStages(Cplx<Reg<R, W>> (&x)[count])
+{
+    constexpr auto rotated = upperOfBoth<int(16 / sizeof(R)), distance>;
+    laneStage<R, W, toReversed ? distance : distance / 2>(x);
+    ARK_UNROLL
+    for (auto& y : x)
+        y = {shuffled<rotated>(y.re, y.im), shuffled<rotated>(y.im, -y.re)};
+    laneStage<R, W, toReversed ? distance / 2 : distance>(x);
+}
+
+// The transform over the lanes of registers: natural order in and bit-reversed order out, or the opposite. Four at a time
+// go through every stage together; one alone would wait for each of its results.
+template <class R, int W, bool toReversed, int count>
+ARK_INLINE void transformLanes(Cplx<Reg<R, W>> (&x)[count], LaneConstants<R, W> constants)
+{
+    if constexpr (count > 4) {
+        ARK_UNROLL
+        for (int first = 0; first < count; first += 4) {
+            Cplx<Reg<R, W>> four[4] = {x[first], x[first + 1], x[first + 2], x[first + 3]};
+            transformLanes<R, W, toReversed>(four, constants);
+            ARK_UNROLL
+            for (int i = 0; i < 4; i++)
+                x[first + i] = four[i];
+        }
+    } else if constexpr (W == 2) {
+        laneStage<R, W, 1>(x);
+    } else if constexpr (W == 4) {
+        twoLaneStages<R, W, toReversed, 2>(x);
+    } else {
+        const auto lower = [&] {
+            if constexpr (W == 8)
+                laneStage<R, W, 1>(x);
+            else
+                twoLaneStages<R, W, toReversed, 2>(x);
+        };
+        if constexpr (toReversed)
+            twoLaneStages<R, W, toReversed, W / 2>(x);
+        else
+            lower();
+        const Cplx<Reg<R, W>> factors = constants.stages();
+        ARK_UNROLL
+        for (auto& y : x)
+            y = y * factors;
+        if constexpr (toReversed)
+            lower();
+        else
+            twoLaneStages<R, W, toReversed, W / 2>(x);
+    }
+}
+
+// ---- tables ----
+
+template <class Wide>
+struct Root {
+    Wide re, im;
+};
+
+// e^(-2 pi i a / 2^order) by an angle of at most an eighth of the circle.
+template <class Wide>
+Root<Wide> rootOf(std::size_t a, int order)
+{
+    constexpr long double pi = 3.14159265358979323846264338327950288L;
+    const std::size_t N = std::size_t(1) << order;
+    const std::size_t octants = a * 8;
+    const int octant = int(octants >> order);
+    // The distance to the nearer of the axes, in units of 1/N.
+    const std::size_t quarter = N / 4;
+    Root<Wide> r;
+    const auto angle = [&](std::size_t steps) { return Wide(2) * Wide(pi) * Wide(steps) / Wide(N); };
+    const auto sine = [](Wide x) { return sizeof(Wide) == 8 ? Wide(__builtin_sin(double(x))) : Wide(__builtin_sinl(x)); };
+    const auto cosine = [](Wide x) { return sizeof(Wide) == 8 ? Wide(__builtin_cos(double(x))) : Wide(__builtin_cosl(x)); };
+    switch (octant) {
+    case 0: r = {cosine(angle(a)), -sine(angle(a))}; break;
+    case 1: r = {sine(angle(quarter - a)), -cosine(angle(quarter - a))}; break;
+    case 2: r = {-sine(angle(a - quarter)), -cosine(angle(a - quarter))}; break;
+    case 3: r = {-cosine(angle(2 * quarter - a)), -sine(angle(2 * quarter - a))}; break;
+    case 4: r = {-cosine(angle(a - 2 * quarter)), sine(angle(a - 2 * quarter))}; break;
+    case 5: r = {-sine(angle(3 * quarter - a)), cosine(angle(3 * quarter - a))}; break;
+    case 6: r = {sine(angle(a - 3 * quarter)), cosine(angle(a - 3 * quarter))}; break;
+    default: r = {cosine(angle(N - a)), sine(angle(N - a))}; break;
+    }
+    return r;
+}
+
+// What a product is formed in that is to be rounded to R once.
+template <class R>
+struct WiderThan;
+template <>
+struct WiderThan<float> {
+    using Type = double;
+};
+template <>
+struct WiderThan<double> {
+    using Type = long double;
+};
+
+// All roots of one order, each as the product of two that were computed on their own.
+template <class R>
+class Roots {
+public:
+    explicit Roots(int order) : fineBits_{(order + 1) / 2}
+    {
+        for (std::size_t i = 0; i < std::size_t(1) << fineBits_; i++)
+            fine_[i] = rootOf<Wide>(i, order);
+        for (std::size_t i = 0; i < std::size_t(1) << (order - fineBits_); i++)
+            coarse_[i] = rootOf<Wide>(i << fineBits_, order);
+    }
+    ARK_INLINE void get(std::size_t a, R& re, R& im) const
+    {
+        const Root<Wide> c = coarse_[a >> fineBits_], f = fine_[a & ((std::size_t(1) << fineBits_) - 1)];
+        re = R(c.re * f.re - c.im * f.im);
+        im = R(c.re * f.im + c.im * f.re);
+    }
+
+private:
+    using Wide = typename WiderThan<R>::Type;
+
+    int fineBits_;
+    Root<Wide> fine_[1024], coarse_[1024];
+};
+
+template <class R>
+void fillRowsTable(const Plan& plan, R* table)
+{
+    const Roots<R> roots(plan.m);
+    for (int i = 0, left = plan.m; i + 1 < plan.passes; i++) {
+        const int step = plan.m - left;
+        left -= plan.log2Radix[i];
+        for (std::size_t p = 0; p < std::size_t{1} << left; p++)
+            for (std::size_t j = 1; j < std::size_t{1} << plan.log2Radix[i]; j++, table += 2)
+                roots.get((p * j) << step, table[0], table[1]);
+    }
+}
+
+// The widest register of which an order has 4 rows; 0 for the orders that are done in scalars.
+template <class R>
+ARK_INLINE int widthFor(int order)
+{
+    for (int width = lanes<R>; width >= int(16 / sizeof(R)); width /= 2)
+        if (order >= log2Of(width) + 2)
+            return width;
+    return 0;
+}
+
+// From this order on the vector is a matrix: columns, whose rows are far apart, are transformed W at a time, and then its
+// rows, or the opposite. What is transformed at a time stays in the cache, and the tables are short.
+constexpr int matrixFrom = 17;
+
+// What stands at the beginning of the table of one order, and where the rest of it stands, in reals from there.
+template <class R>
+struct Head {
+    int order, W;
+    Plan plan, restPlan;         // of the rows, or of the columns and the rest of a matrix: N = 2^(plan.m + restPlan.m)
+    std::ptrdiff_t rows, lanes, constants;                    // rows' tables, w_N^(k l), LaneConstants
+    std::ptrdiff_t restRows, powers, fine, coarse, inner;     // of matrices: see MatrixFactors; the table of the rest
+    std::ptrdiff_t size;
+
+    static Head of(int order)
+    {
+        Head head{};
+        head.order = order;
+        head.W = widthFor<R>(order);
+        std::ptrdiff_t end = std::ptrdiff_t(sizeof(Head) / sizeof(R));
+        const auto add = [&](std::ptrdiff_t size) {
+            const std::ptrdiff_t begin = (end + 15) / 16 * 16;
+            end = begin + size;
+            return begin;
+        };
+        const std::ptrdiff_t W = head.W;
+        if (W > 0 && order < matrixFrom) {
+            head.plan = Plan::of(order - log2Of(head.W));
+            head.rows = add(head.plan.tableSize);
+            head.lanes = add(std::ptrdiff_t{2} << order);
+            head.constants = add((std::ptrdiff_t(8 / sizeof(R)) + 1) * 2 * W);
+        } else if (W > 0) {
+            head.plan = Plan::of(order - order / 2);
+            head.restPlan = Plan::of(order / 2);
+            head.rows = add(head.plan.tableSize);
+            head.restRows = add(head.restPlan.tableSize);
+            head.powers = add(2 * W << head.plan.m);
+            head.fine = add(std::ptrdiff_t{2} << head.restPlan.m);
+            head.coarse = add(std::ptrdiff_t{2} << head.plan.m);
+            head.inner = add(of(head.restPlan.m).size);
+        }
+        head.size = add(0);
+        return head;
+    }
+};
+
+// Everything but the head's own place.
+template <class R>
+void fillShortTable(const Head<R>& head, R* table)
+{
+    const int W = head.W, P = int(16 / sizeof(R));
+    const auto element = [&](int lane) { return std::size_t(P == 4 ? elementOf<4>(lane, W) : elementOf<2>(lane, W)); };
+    fillRowsTable(head.plan, table + head.rows);
+    const Roots<R> roots(head.order);
+    R* at = table + head.lanes;
+    for (std::size_t k = 0; k < std::size_t{1} << head.plan.m; k++, at += 2 * W)
+        ARK_UNROLL
+        for (int lane = 0; lane < W; lane++)
+            roots.get(k * element(lane), at[lane], at[W + lane]);
+    // LaneConstants: powers of w_W, in the steps of this order's roots.
+    at = table + head.constants;
+    const std::size_t unit = std::size_t{1} << head.plan.m;
+    for (int p = 0; p < P / 2; p++, at += 2 * W)
+        ARK_UNROLL
+        for (int lane = 0; lane < W; lane++)
+            roots.get(unit * std::size_t(lane / P * (P / 2) + p), at[lane], at[W + lane]);
+    for (int lane = 0; lane < W; lane++) {
+        // w_W^(u1 e0) w_(W/2)^(u2 e0), u1 and u2 the upper bits of the element and e0 the others
+        const std::size_t e = element(lane), quarter = std::size_t(W) / 4, e0 = quarter > 1 ? e % quarter : 0;
+        roots.get(e0 == 0 ? 0 : unit * e0 * (e / (2 * quarter) + e / quarter % 2 * 2), at[lane], at[W + lane]);
+    }
+}
+
+template <class R>
+void fillMatrixTable(const Head<R>& head, R* table)
+{
+    using Wide = typename WiderThan<R>::Type;
+    fillRowsTable(head.plan, table + head.rows);
+    fillRowsTable(head.restPlan, table + head.restRows);
+    R *powers = table + head.powers, *fine = table + head.fine, *coarse = table + head.coarse;
+    for (std::size_t a = 0; a < std::size_t{1} << head.restPlan.m; a++) {
+        const Root<Wide> root = rootOf<Wide>(a, head.order);
+        fine[2 * a] = R(root.re);
+        fine[2 * a + 1] = R(root.im);
+    }
+    for (std::size_t k = 0; k < std::size_t{1} << head.plan.m; k++) {
+        const Root<Wide> step = rootOf<Wide>(k << head.restPlan.m, head.order), root = rootOf<Wide>(k, head.order);
+        coarse[2 * k] = R(step.re);
+        coarse[2 * k + 1] = R(step.im);
+        Root<Wide> power{1, 0};
+        for (int l = 0; l < head.W; l++) {
+            const int lane = int(16 / sizeof(R)) == 4 ? laneOf<4>(l, head.W) : laneOf<2>(l, head.W);
+            R* const of = powers + k * std::size_t(2 * head.W);
+            of[lane] = R(power.re);
+            of[head.W + lane] = R(power.im);
+            power = {power.re * root.re - power.im * root.im, power.re * root.im + power.im * root.re};
+        }
+    }
+}
+
+template <class R>
+void fillTable(int order, R* table)
+{
+    const Head<R> head = Head<R>::of(order);
+    __builtin_memcpy(table, &head, sizeof head);
+    if (head.W == 0)
+        return;
+    if (order < matrixFrom)
+        return fillShortTable(head, table);
+    fillMatrixTable(head, table);
+    fillTable(head.restPlan.m, table + head.inner);
+}
+
+template <class R>
+std::size_t tableSize(int order)
+{
+    return std::size_t(Head<R>::of(order).size);
+}
+
+template <class R>
+std::size_t scratchSize(int order)
+{
+    const Head<R> head = Head<R>::of(order);
+    const std::size_t whole = head.W == 0 ? 0 : std::size_t{2} << order;
+    return order < matrixFrom ? whole : whole + (std::size_t(2 * head.W) << head.plan.m);
+}
+
+// ---- the whole transform ----
+
+template <class R>
+struct Job {
+    FftVector<const R> src;
+    FftVector<R> dst;
+    const R* table;
+    R* scratch;
+    R scale;
+
+    const Head<R>& head() const { return *reinterpret_cast<const Head<R>*>(table); }
+};
+
+// Calls body with OuterTarget, scaling or not.
+template <class R, int W, Form form, class Body>
+ARK_INLINE void withTarget(FftVector<R> vector, std::ptrdiff_t first, std::ptrdiff_t step, R scale, Body body)
+{
+    if (scale == 1)
+        body(OuterTarget<R, W, form, false>{vector, first, step, scale});
+    else
+        body(OuterTarget<R, W, form, true>{vector, first, step, scale});
+}
+
+template <class R, int W, Form form>
+void shortToNatural(const Job<R>& job)
+{
+    const Head<R>& head = job.head();
+    const Rows<R> rows = rowsIn<R, W>(job.scratch);
+    transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, 0, W}, rows,
+                                  job.table + head.rows);
+    withTarget<R, W, form>(job.dst, 0, 1, job.scale, [&](auto target) {
+        lanesToNatural<R, W>(rows, target, std::ptrdiff_t{1} << head.plan.m, job.table + head.lanes,
+                             {job.table + head.constants});
+    });
+}
+
+template <class V, std::size_t... place>
+ARK_INLINE auto blockIn(V v, int block, std::index_sequence<place...>)
+{
+    constexpr int P = sizeof...(place);
+    switch (block) {
+    case 0: return __builtin_shufflevector(v, v, int(place)...);
+    case 1: return __builtin_shufflevector(v, v, (int(place) + P) % lanesOf<V>...);
+    case 2: return __builtin_shufflevector(v, v, (int(place) + 2 * P) % lanesOf<V>...);
+    default: return __builtin_shufflevector(v, v, (int(place) + 3 * P) % lanesOf<V>...);
+    }
+}
+template <class V>
+ARK_INLINE auto blockOf(V v, int block)
+{
+    return blockIn(v, block, std::make_index_sequence<placesOf<V>>{});
+}
+
+// So few rows that all of them are in registers.
+template <class R, int W, Form form, FftOrder fftOrder, int M>
+void fewRows(const Job<R>& job)
+{
+    using V = Reg<R, W>;
+    constexpr int P = placesOf<V>, B = W / P;
+    constexpr bool fromReversed = fftOrder == bitReversedInput;
+    const OuterSource<R, W, form> source{job.src, 0, W};
+    const OuterTarget<R, W, form, true> target{job.dst, 0, W, job.scale};
+    const LaneConstants<R, W> constants{job.table + job.head().constants};
+    const R* const factors = job.table + job.head().lanes;
+    Cplx<V> x[M];
+    ARK_UNROLL
+    for (int n = 0; n < M; n++)
+        x[fromReversed ? reversed(n, M) : n] = source(n);
+    if constexpr (fromReversed)
+        transformLanes<R, W, false>(x, constants);
+    else
+        butterfly(x);
+    ARK_UNROLL
+    for (int k = 1; k < M; k++)
+        x[k] = x[k] * getCplx<R, W>(factors + k * 2 * W);
+    if constexpr (fromReversed)
+        butterfly(x);
+    else
+        transformLanes<R, W, true>(x, constants);
+    if constexpr (fftOrder != naturalOrder) {
+        ARK_UNROLL
+        for (int k = 0; k < M; k++)
+            target(fromReversed ? k : reversed(k, M), x[k]);
+        return;
+    }
+    ARK_UNROLL
+    for (int k = 0; k < M; k++)
+        x[k] = {x[k].re * job.scale, x[k].im * job.scale};
+    // P rows k of one result q of the lanes are neighbours.
+    ARK_UNROLL
+    for (int k = 0; k < M; k += P) {
+        V re[P], im[P];
+        ARK_UNROLL
+        for (int i = 0; i < P; i++) {
+            re[i] = form == inversePairs ? x[k + i].im : x[k + i].re;
+            im[i] = form == inversePairs ? x[k + i].re : x[k + i].im;
+        }
+        transposeInBlocks(re);
+        transposeInBlocks(im);
+        ARK_UNROLL
+        for (int p = 0; p < P; p++) {
+            const V low = shuffled<unpackLow<P, 1>>(re[p], im[p]), high = shuffled<unpackHigh<P, 1>>(re[p], im[p]);
+            ARK_UNROLL
+            for (int b = 0; b < B; b++) {
+                const int at = reversed(elementOf<P>(b * P + p, W), W) * M + k;
+                if constexpr (form == separateParts) {
+                    put(job.dst.re + at, blockOf(re[p], b));
+                    put(job.dst.im + at, blockOf(im[p], b));
+                } else {
+                    put(job.dst.re + 2 * at, blockOf(low, b));
+                    put(job.dst.re + 2 * at + P, blockOf(high, b));
+                }
+            }
+        }
+    }
+}
+
+// The last pass over the rows to bit-reversed order, the factors w_N^(l k) and the lanes; and the opposite. Sources and
+// targets are passed by value: stores could change what a reference leads to.
+template <class R, int W, int radix, class Source, class Target>
+ARK_INLINE void rowsThenLanes(Source source, Target target, std::ptrdiff_t M, const R* factors,
+                              LaneConstants<R, W> constants)
+{
+    for (std::ptrdiff_t row = 0, next = 0; row < M; row += radix, next = nextReversed(next, M / radix)) {
+        Cplx<Reg<R, W>> x[radix];
+        ARK_UNROLL
+        for (int t = 0; t < radix; t++)
+            x[t] = source(row + t);
+        butterfly(x);
+        ARK_UNROLL
+        for (int j = 0; j < radix; j++)
+            x[j] = x[j] * getCplx<R, W>(factors + (next + j * (M / radix)) * 2 * W);
+        transformLanes<R, W, true>(x, constants);
+        ARK_UNROLL
+        for (int j = 0; j < radix; j++)
+            target(row + reversed(j, radix), x[j]);
+    }
+}
+template <class R, int W, int radix, class Source, class Target>
+ARK_INLINE void lanesThenRows(Source source, Target target, std::ptrdiff_t M, const R* factors,
+                              LaneConstants<R, W> constants)
+{
+    for (std::ptrdiff_t row = 0, next = 0; row < M; row += radix, next = nextReversed(next, M / radix)) {
+        Cplx<Reg<R, W>> x[radix];
+        ARK_UNROLL
+        for (int j = 0; j < radix; j++)
+            x[j] = source(row + reversed(j, radix));
+        transformLanes<R, W, false>(x, constants);
+        ARK_UNROLL
+        for (int j = 0; j < radix; j++)
+            x[j] = x[j] * getCplx<R, W>(factors + (next + j * (M / radix)) * 2 * W);
+        butterfly(x);
+        ARK_UNROLL
+        for (int t = 0; t < radix; t++)
+            target(row + t, x[t]);
+    }
+}
+
+// The two bit-reversed orders work in place in dst; row r holds what stands at r W. The vector may begin at element first.
+template <class R, int W, Form form>
+void shortToReversed(const Job<R>& job, std::ptrdiff_t first)
+{
+    const Head<R>& head = job.head();
+    const std::ptrdiff_t M = std::ptrdiff_t{1} << head.plan.m;
+    Rows<R> rows = rowsIn<R, W, form>(job.dst);
+    rows.re += first / W * rows.stride;
+    rows.im += first / W * rows.stride;
+    transformRowsToReversed<R, W>(head.plan, head.plan.passes - 1, OuterSource<R, W, form>{job.src, first, W}, rows,
+                                  job.table + head.rows);
+    const LaneConstants<R, W> constants{job.table + head.constants};
+    const R* const factors = job.table + head.lanes;
+    const InnerSource<R, W> source{rows};
+    withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
+        withRadix(head.plan.log2Radix[head.plan.passes - 1], [&]<int radix>(Index<radix>) {
+            rowsThenLanes<R, W, radix>(source, target, M, factors, constants);
+        });
+    });
+}
+
+template <class R, int W, Form form>
+void shortFromReversed(const Job<R>& job, std::ptrdiff_t first)
+{
+    const Head<R>& head = job.head();
+    const std::ptrdiff_t M = std::ptrdiff_t{1} << head.plan.m;
+    Rows<R> rows = rowsIn<R, W, form>(job.dst);
+    rows.re += first / W * rows.stride;
+    rows.im += first / W * rows.stride;
+    const LaneConstants<R, W> constants{job.table + head.constants};
+    const R* const factors = job.table + head.lanes;
+    const OuterSource<R, W, form> source{job.src, first, W};
+    const InnerTarget<R, W> inner{rows};
+    withRadix(head.plan.log2Radix[head.plan.passes - 1], [&]<int radix>(Index<radix>) {
+        lanesThenRows<R, W, radix>(source, inner, M, factors, constants);
+    });
+    withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
+        transformRowsFromReversed<R, W>(head.plan, head.plan.passes - 1, rows, target, job.table + head.rows);
+    });
+}
+
+// The factors w_N^(k (c + l)) of a matrix: of row k, and of the W columns from c on in the order of lanes.
+template <class R, int W>
+struct MatrixFactors {
+    const R *powers, *fine, *coarse;
+    int fineBits;
+
+    explicit MatrixFactors(const Job<R>& job)
+        : powers{job.table + job.head().powers}, fine{job.table + job.head().fine},
+          coarse{job.table + job.head().coarse}, fineBits{job.head().restPlan.m}
+    {
+    }
+    ARK_INLINE Cplx<Reg<R, W>> operator()(std::ptrdiff_t k, std::ptrdiff_t c) const
+    {
+        const std::ptrdiff_t a = k * c;
+        const R *f = fine + 2 * (a & ((std::ptrdiff_t{1} << fineBits) - 1)), *g = coarse + 2 * (a >> fineBits);
+        const Cplx<Reg<R, W>> common{all<R, W>(f[0] * g[0] - f[1] * g[1]), all<R, W>(f[0] * g[1] + f[1] * g[0])};
+        return getCplx<R, W>(powers + k * 2 * W) * common;
+    }
+};
+
+// Rows in bit-reversed order times their factors.
+template <class R, int W, class Source, class Target>
+ARK_INLINE void multiplyRows(Source source, Target target, std::ptrdiff_t count, MatrixFactors<R, W> factors,
+                             std::ptrdiff_t c)
+{
+    for (std::ptrdiff_t row = 0, next = 0; row < count; row += 4, next = nextReversed(next, count / 4))
+        ARK_UNROLL
+        for (int i = 0; i < 4; i++)
+            target(row + i, source(row + i) * factors(next + reversed(i, 4) * (count / 4), c));
+}
+
+// W rows transposed: register i then has lane i of all of them.
+template <class V>
+ARK_INLINE void transpose(V* x)
+{
+    constexpr int P = placesOf<V>, B = lanesOf<V> / P;
+    V inBlocks[B][P];
+    ARK_UNROLL
+    for (int group = 0; group < B; group++) {
+        ARK_UNROLL
+        for (int r = 0; r < P; r++)
+            inBlocks[group][r] = x[group * P + r];
+        transposeInBlocks(inBlocks[group]);
+    }
+    ARK_UNROLL
+    for (int p = 0; p < P; p++) {
+        V blocks[B];
+        ARK_UNROLL
+        for (int group = 0; group < B; group++)
+            blocks[group] = inBlocks[group][p];
+        transposeBlocks<P>(blocks);
+        ARK_UNROLL
+        for (int b = 0; b < B; b++)
+            x[b * P + p] = blocks[b];
+    }
+}
+
+// With N = N1 N2, n = N2 n1 + n2 and k = k1 + N1 k2: the columns, over n1; the factors w_N^(n2 k1); a transposition into
+// the scratch, which makes k1 the lanes; the rows, over n2.
+template <class R, int W, Form form>
+void matrixToNatural(const Job<R>& job)
+{
+    using V = Reg<R, W>;
+    constexpr int P = placesOf<V>;
+    const Head<R>& head = job.head();
+    const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
+    R* const turned = job.scratch; // [k1 / W][n2][2 W]
+    const Rows<R> rows = rowsIn<R, W>(job.scratch + 2 * N1 * N2);
+    const InnerSource<R, W> source{rows};
+    const MatrixFactors<R, W> factors(job);
+    for (std::ptrdiff_t c = 0; c < N2; c += W) {
+        transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2}, rows,
+                                      job.table + head.rows);
+        for (std::ptrdiff_t k0 = 0, place = 0; k0 < N1; k0 += W, place = nextReversed(place, N1 / W)) {
+            V re[W], im[W];
+            ARK_UNROLL
+            for (int lane = 0; lane < W; lane++) {
+                const int i = elementOf<P>(lane, W);
+                const Cplx<V> x = source(place + reversed(i, W) * (N1 / W)) * factors(k0 + i, c);
+                re[lane] = x.re;
+                im[lane] = x.im;
+            }
+            transpose(re);
+            transpose(im);
+            R* const to = turned + (k0 * N2 + c * W) * 2;
+            ARK_UNROLL
+            for (int lane = 0; lane < W; lane++) {
+                put(to + elementOf<P>(lane, W) * 2 * W, re[lane]);
+                put(to + elementOf<P>(lane, W) * 2 * W + W, im[lane]);
+            }
+        }
+    }
+    for (std::ptrdiff_t k0 = 0; k0 < N1; k0 += W) {
+        const Rows<R> row = rowsIn<R, W>(turned + k0 * N2 * 2);
+        const InnerSource<R, W> from{row};
+        transformRowsToReversed<R, W>(head.restPlan, head.restPlan.passes - 1, from, row, job.table + head.restRows);
+        withTarget<R, W, form>(job.dst, k0, N1, job.scale, [&](auto target) {
+            withRadix(head.restPlan.log2Radix[head.restPlan.passes - 1],
+                      [&]<int radix>(Index<radix>) { lastPass<R, W, radix>(from, target, N2); });
+        });
+    }
+}
+
+// Bit-reversed output: the columns in place, their results at bit-reversed rows, then every row on its own.
+template <class R, int W, Form form>
+void matrixToReversed(const Job<R>& job)
+{
+    const Head<R>& head = job.head();
+    const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
+    const Rows<R> rows = rowsIn<R, W>(job.scratch);
+    const InnerSource<R, W> source{rows};
+    const MatrixFactors<R, W> factors(job);
+    for (std::ptrdiff_t c = 0; c < N2; c += W) {
+        transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2}, rows,
+                                      job.table + head.rows);
+        const OuterTarget<R, W, form, false> target{job.dst, c, N2, 1};
+        multiplyRows(source, target, N1, factors, c);
+    }
+    const FftVector<const R> between{job.dst.re, job.dst.im};
+    for (std::ptrdiff_t row = 0; row < N1; row++)
+        shortToReversed<R, W, form>({between, job.dst, job.table + head.inner, nullptr, job.scale}, row * N2);
+}
+
+// Bit-reversed input: the opposite.
+template <class R, int W, Form form>
+void matrixFromReversed(const Job<R>& job)
+{
+    const Head<R>& head = job.head();
+    const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
+    for (std::ptrdiff_t row = 0; row < N1; row++)
+        shortFromReversed<R, W, form>({job.src, job.dst, job.table + head.inner, nullptr, 1}, row * N2);
+    const Rows<R> rows = rowsIn<R, W>(job.scratch);
+    const InnerTarget<R, W> inner{rows};
+    const MatrixFactors<R, W> factors(job);
+    for (std::ptrdiff_t c = 0; c < N2; c += W) {
+        const OuterSource<R, W, form> source{{job.dst.re, job.dst.im}, c, N2};
+        multiplyRows(source, inner, N1, factors, c);
+        withTarget<R, W, form>(job.dst, c, N2, job.scale, [&](auto target) {
+            transformRowsFromReversed<R, W>(head.plan, head.plan.passes, rows, target, job.table + head.rows);
+        });
+    }
+}
+
+// Orders too short for registers.
+template <class R, Form form, FftOrder fftOrder, int N>
+void inScalars(const Job<R>& job)
+{
+    constexpr int step = form == separateParts ? 1 : 2;
+    Cplx<R> x[N];
+    for (int i = 0; i < N; i++) {
+        const R re = job.src.re[i * step], im = job.src.im[i * step];
+        x[fftOrder == bitReversedInput ? reversed(i, N) : i] = form == inversePairs ? Cplx<R>{im, re} : Cplx<R>{re, im};
+    }
+    butterfly(x);
+    for (int i = 0; i < N; i++) {
+        const Cplx<R> y = x[fftOrder == bitReversedOutput ? reversed(i, N) : i];
+        job.dst.re[i * step] = (form == inversePairs ? y.im : y.re) * job.scale;
+        job.dst.im[i * step] = (form == inversePairs ? y.re : y.im) * job.scale;
+    }
+}
+
+template <class R, int W, Form form, FftOrder fftOrder>
+void inRegisters(const Job<R>& job)
+{
+    if constexpr (W == lanes<R>)
+        if (job.head().order >= matrixFrom) {
+            if constexpr (fftOrder == naturalOrder)
+                return matrixToNatural<R, W, form>(job);
+            else if constexpr (fftOrder == bitReversedOutput)
+                return matrixToReversed<R, W, form>(job);
+            else
+                return matrixFromReversed<R, W, form>(job);
+        }
+    if (job.head().plan.m == 2)
+        return fewRows<R, W, form, fftOrder, 4>(job);
+    if (job.head().plan.m == 3)
+        return fewRows<R, W, form, fftOrder, 8>(job);
+    if constexpr (fftOrder == naturalOrder)
+        return shortToNatural<R, W, form>(job);
+    else if constexpr (fftOrder == bitReversedOutput)
+        return shortToReversed<R, W, form>(job, 0);
+    else
+        return shortFromReversed<R, W, form>(job, 0);
+}
+
+template <class R, Form form, FftOrder fftOrder>
+void transform(FftVector<const R> src, FftVector<R> dst, int order, const R* table, R* scratch, R scale)
+{
+    const Job<R> job{src, dst, table, scratch, scale};
+    constexpr int native = lanes<R>, least = int(16 / sizeof(R));
+    const int W = job.head().W;
+    if (W == native)
+        return inRegisters<R, native, form, fftOrder>(job);
+    if constexpr (native / 2 >= least)
+        if (W == native / 2)
+            return inRegisters<R, native / 2, form, fftOrder>(job);
+    if constexpr (native / 4 >= least)
+        if (W == native / 4)
+            return inRegisters<R, native / 4, form, fftOrder>(job);
+    switch (order) {
+    case 1: return inScalars<R, form, fftOrder, 2>(job);
+    case 2: return inScalars<R, form, fftOrder, 4>(job);
+    default: return inScalars<R, form, fftOrder, 8>(job);
+    }
+}
+
+template <class R, FftOrder fftOrder>
+void inverseOfParts(FftVector<const R> src, FftVector<R> dst, int order, const R* table, R* scratch, R scale)
+{
+    transform<R, separateParts, fftOrder>({src.im, src.re}, {dst.im, dst.re}, order, table, scratch, scale);
+}
+
+template <class R, FftOrder fftOrder>
+constexpr typename FftKernels<R>::Directions pairs{transform<R, forwardPairs, fftOrder>,
+                                                   transform<R, inversePairs, fftOrder>};
+template <class R, FftOrder fftOrder>
+constexpr typename FftKernels<R>::Directions separated{transform<R, separateParts, fftOrder>, inverseOfParts<R, fftOrder>};
+
+template <class R>
+constexpr FftKernels<R> fftTable{
+    tableSize<R>,
+    fillTable<R>,
+    scratchSize<R>,
+    {{pairs<R, naturalOrder>, pairs<R, bitReversedInput>, pairs<R, bitReversedOutput>},
+     {separated<R, naturalOrder>, separated<R, bitReversedInput>, separated<R, bitReversedOutput>}}};
+
+} // namespace
+
+extern const FftKernels<float> fftC;
+extern const FftKernels<double> fftZ;
+
+constinit const FftKernels<float> fftC = fftTable<float>;
+constinit const FftKernels<double> fftZ = fftTable<double>;
+
+} // namespace ark::ARK_SET

@@ -1,0 +1,134 @@
+// The passes beside a complex transform that make it a transform of real signals.
+#include "frame/kernels.hpp"
+#include "frame/simd.hpp"
+
+namespace ark::ARK_SET {
+namespace {
+
+// A register of W complex numbers, native or narrower for short transforms.
+template <class R, int W>
+struct PairsOf {
+    typedef R Type __attribute__((vector_size(2 * W * sizeof(R))));
+    typedef typename BitsOf<R>::Type Bits __attribute__((vector_size(2 * W * sizeof(R))));
+};
+template <class R, int W>
+using Pairs = typename PairsOf<R, W>::Type;
+
+template <class R, int W>
+ARK_INLINE Pairs<R, W> get(const R* from)
+{
+    Pairs<R, W> v;
+    __builtin_memcpy(&v, from, sizeof v);
+    return v;
+}
+template <class V, class R>
+ARK_INLINE void put(R* to, V v)
+{
+    __builtin_memcpy(to, &v, sizeof v);
+}
+
+template <class R, int W, std::size_t... i>
+ARK_INLINE auto signsIn(std::size_t place, std::index_sequence<i...>)
+{
+    using SignBits = typename PairsOf<R, W>::Bits;
+    return SignBits{(i % 2 == place ? BitsOf<R>::sign : 0)...};
+}
+template <class R, int W>
+ARK_INLINE Pairs<R, W> conjugate(Pairs<R, W> v)
+{
+    const auto signs = signsIn<R, W>(1, std::make_index_sequence<2 * W>{});
+    return (Pairs<R, W>)((typename PairsOf<R, W>::Bits)v ^ signs);
+}
+template <class R, int W>
+ARK_INLINE Pairs<R, W> timesI(Pairs<R, W> v)
+{
+    const auto signs = signsIn<R, W>(0, std::make_index_sequence<2 * W>{});
+    return (Pairs<R, W>)((typename PairsOf<R, W>::Bits)permute<otherPart>(v) ^ signs);
+}
+
+// The vectors walk from both ends to the middle: k ... k + W - 1 and, mirrored, M - k - W + 1 ... M - k. The last two
+// share the element M/2, for which both formulas give the same. What comes next is loaded before anything is stored:
+// with dst one real away from src the two overlap.
+template <class R, int W, bool forward>
+void recombineBy(const R* src, R* dst, std::ptrdiff_t M, const R* table, R sumFactor, R differenceFactor)
+{
+    using V = Pairs<R, W>;
+    V low = get<R, W>(src), high = get<R, W>(src + 2 * (M - W - 1));
+    for (std::ptrdiff_t k = 1; k <= M / 2; k += W) {
+        const V a = low, b = conjugate<R, W>(permute<flippedPairs>(high));
+        if (k + W <= M / 2) {
+            low = get<R, W>(src + 2 * (k + W - 1));
+            high = get<R, W>(src + 2 * (M - k - 2 * W));
+        }
+        const V root = get<R, W>(table + 2 * (k - 1));
+        const V cosine = permute<realPart>(root), sine = permute<imaginaryPart>(root);
+        const V sum = (a + b) * sumFactor, difference = (a - b) * differenceFactor;
+        const V straight = sine * difference, crossed = cosine * timesI<R, W>(difference);
+        const V turned = forward ? crossed + straight : crossed - straight;
+        put(dst + 2 * (k - 1), sum + turned);
+        put(dst + 2 * (M - k - W), permute<flippedPairs>(conjugate<R, W>(sum - turned)));
+    }
+}
+
+template <class R, bool forward>
+void recombine(const R* src, R* dst, int order, const R* table, R sumFactor, R differenceFactor)
+{
+    constexpr int native = lanes<R> / 2, least = int(16 / sizeof(R)) / 2;
+    const std::ptrdiff_t M = std::ptrdiff_t{1} << order;
+    if (M >= 2 * native)
+        return recombineBy<R, native, forward>(src, dst, M, table, sumFactor, differenceFactor);
+    if constexpr (native > 2 * least)
+        if (M >= native)
+            return recombineBy<R, native / 2, forward>(src, dst, M, table, sumFactor, differenceFactor);
+    if constexpr (native > least)
+        if (M >= 2 * least)
+            return recombineBy<R, least, forward>(src, dst, M, table, sumFactor, differenceFactor);
+    const R re = src[0], im = src[1]; // M = 2: the element in the middle alone
+    dst[0] = 2 * sumFactor * re;
+    dst[1] = (forward ? 2 : -2) * differenceFactor * im;
+}
+
+template <class R>
+void separate(const R* __restrict re, const R* __restrict im, R* __restrict x, R* __restrict y, std::ptrdiff_t n,
+              R factor)
+{
+    x[0] = 2 * factor * re[0];
+    y[0] = 2 * factor * im[0];
+    x[1] = y[1] = 0;
+    for (std::ptrdiff_t k = 1; k <= n / 2; k++) {
+        x[2 * k] = factor * (re[k] + re[n - k]);
+        x[2 * k + 1] = factor * (im[k] - im[n - k]);
+        y[2 * k] = factor * (im[k] + im[n - k]);
+        y[2 * k + 1] = factor * (re[n - k] - re[k]);
+    }
+}
+
+template <class R>
+void combine(const R* __restrict x, const R* __restrict y, R* __restrict re, R* __restrict im, std::ptrdiff_t n)
+{
+    re[0] = x[0];
+    im[0] = y[0];
+    re[n / 2] = x[n];
+    im[n / 2] = y[n];
+    for (std::ptrdiff_t k = 1; k < n / 2; k++) {
+        re[k] = x[2 * k] - y[2 * k + 1];
+        im[k] = x[2 * k + 1] + y[2 * k];
+    }
+    for (std::ptrdiff_t k = 1; k < n / 2; k++) {
+        re[n - k] = x[2 * k] + y[2 * k + 1];
+        im[n - k] = y[2 * k] - x[2 * k + 1];
+    }
+}
+
+template <class R>
+constexpr RealKernels<R> realTable{{recombine<R, true>, recombine<R, false>}, separate<R>, combine<R>};
+
+} // namespace
+
+extern const RealKernels<float> realS;
+extern const RealKernels<double> realD;
+
+constinit const RealKernels<float> realS = realTable<float>;
+constinit const RealKernels<double> realD = realTable<double>;
+
+} // namespace ark::ARK_SET
