@@ -14,9 +14,16 @@ extern const ConjKernels<ShortCplx> conjV;
 extern const ShortArithKernels arithW;
 extern const ConvertKernels<float> convertS;
 extern const ConvertKernels<double> convertD;
+extern const IirKernels iir;
+extern const IirDataKernels<float> iirS;
+extern const IirDataKernels<double> iirD;
+extern const IirDataKernels<FloatCplx> iirC;
+extern const IirDataKernels<DoubleCplx> iirZ;
+extern const IirDataKernels<short> iirW;
 
 // In the order of the bases of Kernels.
 constinit const Kernels kernels{{fill},  {arithS}, {arithD}, {arithC},   {arithZ},  {conjC},
-                                {conjZ}, {conjV},  {arithW}, {convertS}, {convertD}};
+                                {conjZ}, {conjV},  {arithW}, {convertS}, {convertD}, {iir},   {iirS},   {iirD},     {iirC},   {iirZ},
+                         {iirW}};
 
 } // namespace ark::ARK_SET

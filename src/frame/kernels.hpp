@@ -12,6 +12,7 @@
 // only the newest processors can.
 #pragma once
 
+#include "filter/arkiir_kernels.hpp"
 #include "vector/arkarith_kernels.hpp"
 #include "vector/arkaritw_kernels.hpp"
 #include "vector/arkcvrt_kernels.hpp"
@@ -33,7 +34,13 @@ struct Kernels : KernelSlot<FillKernels>,
                  KernelSlot<ConjKernels<ShortCplx>>,
                  KernelSlot<ShortArithKernels>,
                  KernelSlot<ConvertKernels<float>>,
-                 KernelSlot<ConvertKernels<double>> {};
+                 KernelSlot<ConvertKernels<double>>,
+                 KernelSlot<IirKernels>,
+                 KernelSlot<IirDataKernels<float>>,
+                 KernelSlot<IirDataKernels<double>>,
+                 KernelSlot<IirDataKernels<FloatCplx>>,
+                 KernelSlot<IirDataKernels<DoubleCplx>>,
+                 KernelSlot<IirDataKernels<short>> {};
 
 namespace sse2 {
 extern const Kernels kernels;
