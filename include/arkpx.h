@@ -19,6 +19,7 @@
 #ifndef ARKPX_H
 #define ARKPX_H
 
+#include <arkpx/convolve.h>
 #include <arkpx/filter.h>
 #include <arkpx/frame.h>
 #include <arkpx/types.h>

@@ -281,17 +281,9 @@ constexpr IirKernels::Structures structures{biquads<coefParts, parts>, direct<co
 } // namespace
 
 extern const IirKernels iir;
-extern const IirDataKernels<float> iirS;
-extern const IirDataKernels<double> iirD;
-extern const IirDataKernels<FloatCplx> iirC;
-extern const IirDataKernels<DoubleCplx> iirZ;
-extern const IirDataKernels<short> iirW;
 
-constinit const IirKernels iir{{{structures<1, 1>, structures<1, 2>}, {{}, structures<2, 2>}}};
-constinit const IirDataKernels<float> iirS = dataTable<float>;
-constinit const IirDataKernels<double> iirD = dataTable<double>;
-constinit const IirDataKernels<FloatCplx> iirC = dataTable<FloatCplx>;
-constinit const IirDataKernels<DoubleCplx> iirZ = dataTable<DoubleCplx>;
-constinit const IirDataKernels<short> iirW{{widen<short, 1>}};
+constinit const IirKernels iir{dataTable<float>,     dataTable<double>,
+                               dataTable<FloatCplx>, dataTable<DoubleCplx>,
+                               {{widen<short, 1>}},  {{structures<1, 1>, structures<1, 2>}, {{}, structures<2, 2>}}};
 
 } // namespace ark::ARK_SET

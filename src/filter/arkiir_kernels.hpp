@@ -108,7 +108,11 @@ struct IirDataKernels<short> {
     void (*load[1])(const short* src, const double* gain, double* const* signal, std::ptrdiff_t n);
 };
 
-struct IirKernels {
+struct IirKernels : IirDataKernels<float>,
+                    IirDataKernels<double>,
+                    IirDataKernels<FloatCplx>,
+                    IirDataKernels<DoubleCplx>,
+                    IirDataKernels<short> {
     // n values in place, of a complex signal the two parts apart. Products and sums are fused where the processor can.
     using Biquads = void (*)(BiquadRun& run, int sections, double* const* signal, std::ptrdiff_t n);
     using Direct = void (*)(DirectRun& run, int order, double* const* signal, std::ptrdiff_t n);

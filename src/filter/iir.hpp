@@ -38,8 +38,14 @@ T narrowed(Number<double, parts<T>> x)
 inline Number<double, 1> operator-(Number<double, 1> x) { return {-x.re}; }
 inline Number<double, 2> operator-(Number<double, 2> x) { return {-x.re, -x.im}; }
 
-// A filter that is ready to run: checked records, seen with their types. Taps are of the coefficients' type, Data of the
-// input's; the delay line is complex when either is.
+template <class T>
+const IirDataKernels<T>& iirData()
+{
+    return kernels<IirKernels>();
+}
+
+// A filter that is ready to run: checked records, seen with their types. Taps are of the coefficients' type, Data of
+// the input's; the delay line is complex when either is.
 template <class Taps, class Data>
 class IirFilter {
 public:
@@ -49,10 +55,11 @@ public:
     using Element = std::conditional_t<valueParts == 2, CplxOf<Real<Taps>>, Real<Taps>>;
 
     IirFilter(const IirlTapState& tapState, const IirlDlyState& dlyState)
-        : taps_{static_cast<const Taps*>(tapState.taps)}, delay_{static_cast<Element*>(dlyState.dlyl)},
-          order_{tapState.order}, isBiquad_{tapState.isBiquad == 1}
-    {
-    }
+        : taps_{static_cast<const Taps*>(tapState.taps)},
+          delay_{static_cast<Element*>(dlyState.dlyl)},
+          order_{tapState.order},
+          isBiquad_{tapState.isBiquad == 1}
+    {}
 
     Value filterOne(Data sample) const { return isBiquad_ ? cascadeOne(widen(sample)) : directOne(widen(sample)); }
 
@@ -73,7 +80,7 @@ public:
                 gain.re = 1;
                 if (isBiquad_)
                     gain = coef(0);
-                kernels<IirDataKernels<Data>>().load[coefParts - 1](src + first, &gain.re, signal, count);
+                iirData<Data>().load[coefParts - 1](src + first, &gain.re, signal, count);
                 isBiquad_ ? cascade(signal, count) : direct(signal, count);
             }
             deliver(signal, first, count);

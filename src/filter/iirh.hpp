@@ -44,7 +44,8 @@ void iirInit(Where at, int iirType, const Taps* tapVals, int size, IirState* sta
                       {statePtr->initMarker == iirMarker,
                        "IIR filter state structure is already initialized! Use arkIirFree to free it"}}))
         return;
-    const std::int64_t count = size, coefs = isCascade ? 6 * count : 2 * count + 2, delays = isCascade ? 2 * count : count;
+    const std::int64_t count = size, coefs = isCascade ? 6 * count : 2 * count + 2,
+                       delays = isCascade ? 2 * count : count;
     *statePtr = {};
     Taps* const taps = delays <= INT_MAX ? allocateArray<Taps>(coefs) : nullptr;
     Element* const dlyl = taps ? allocateArray<Element>(delays) : nullptr;
@@ -75,9 +76,8 @@ auto iir(Where at, const IirState* statePtr, Arguments... arguments)
         if (context().head.status != ARK_StatusOk)
             backtrace(at);
     };
-    const bool ready =
-        allGood(at, {{!statePtr, "statePtr==0"}}) &&
-        allGood(at, {{statePtr->initMarker != iirMarker, "IIR filter wasn't initialized"}});
+    const bool ready = allGood(at, {{!statePtr, "statePtr==0"}}) &&
+                       allGood(at, {{statePtr->initMarker != iirMarker, "IIR filter wasn't initialized"}});
     if constexpr (std::is_void_v<Result>) {
         if (ready) {
             lowLevel(&statePtr->tapState, &statePtr->dlyState, arguments...);

@@ -122,8 +122,9 @@ void iirlInitDlyl(Where at, const IirlTapState* tapStPtr, Element* dlyl, IirlDly
 template <class... More>
 bool bothInitialised(Where at, const IirlTapState* tapStPtr, const IirlDlyState* dlyStPtr, More... more)
 {
-    return allGood(at, {tapsNotInitialised(tapStPtr),
-                        Check{tapStPtr->order > 0 && !dlyStPtr->dlyl, "structure *dlyStPtr wasn't initialized"}, more...});
+    return allGood(at,
+                   {tapsNotInitialised(tapStPtr),
+                    Check{tapStPtr->order > 0 && !dlyStPtr->dlyl, "structure *dlyStPtr wasn't initialized"}, more...});
 }
 
 inline Check twoScales(Scaling scaling)
@@ -157,7 +158,7 @@ void iirlBlock(Where at, const IirlTapState* tapStPtr, const IirlDlyState* dlySt
         return;
     IirFilter<Taps, Data>{*tapStPtr, *dlyStPtr}.filter(
         inSamps, numIters, [=](const double* const* results, std::ptrdiff_t first, std::ptrdiff_t count) {
-            kernels<IirDataKernels<Element>>().store(results, outSamps + first, count);
+            iirData<Element>().store(results, outSamps + first, count);
         });
 }
 

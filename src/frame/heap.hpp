@@ -29,6 +29,9 @@ public:
     ~Buffer() { heapFree(data_); }
 
     explicit operator bool() const { return data_ != nullptr; }
+    // The block becomes the caller's, who frees it with heapFree.
+    T* release() { return std::exchange(data_, nullptr); }
+
     T* data() { return data_; }
     const T* data() const { return data_; }
     T& operator[](std::size_t i) { return data_[i]; }

@@ -14,16 +14,27 @@ extern const ConjKernels<ShortCplx> conjV;
 extern const ShortArithKernels arithW;
 extern const ConvertKernels<float> convertS;
 extern const ConvertKernels<double> convertD;
+extern const FirKernels<float, float> firS;
+extern const FirKernels<double, double> firD;
+extern const FirKernels<FloatCplx, FloatCplx> firC;
+extern const FirKernels<DoubleCplx, DoubleCplx> firZ;
+extern const FirKernels<float, FloatCplx> firSC;
+extern const FirKernels<FloatCplx, float> firCS;
+extern const FirKernels<double, DoubleCplx> firDZ;
+extern const FirKernels<DoubleCplx, double> firZD;
+extern const FirKernels<short, float> firW;
 extern const IirKernels iir;
-extern const IirDataKernels<float> iirS;
-extern const IirDataKernels<double> iirD;
-extern const IirDataKernels<FloatCplx> iirC;
-extern const IirDataKernels<DoubleCplx> iirZ;
-extern const IirDataKernels<short> iirW;
+extern const LmsKernels<float, float> lmsS;
+extern const LmsKernels<double, double> lmsD;
+extern const LmsKernels<FloatCplx, FloatCplx> lmsC;
+extern const LmsKernels<DoubleCplx, DoubleCplx> lmsZ;
+extern const LmsKernels<float, FloatCplx> lmsSC;
+extern const LmsKernels<double, DoubleCplx> lmsDZ;
 
 // In the order of the bases of Kernels.
-constinit const Kernels kernels{{fill},  {arithS}, {arithD}, {arithC},   {arithZ},  {conjC},
-                                {conjZ}, {conjV},  {arithW}, {convertS}, {convertD}, {iir},   {iirS},   {iirD},     {iirC},   {iirZ},
-                         {iirW}};
+constinit const Kernels kernels{{fill},  {arithS}, {arithD},   {arithC},   {arithZ}, {conjC}, {conjZ},
+                                {conjV}, {arithW}, {convertS}, {convertD}, {firS},   {firD},  {firC},
+                                {firZ},  {firSC},  {firCS},    {firDZ},    {firZD},  {firW},  {iir},
+                                {lmsS},  {lmsD},   {lmsC},     {lmsZ},     {lmsSC},  {lmsDZ}};
 
 } // namespace ark::ARK_SET

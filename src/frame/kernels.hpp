@@ -12,7 +12,9 @@
 // only the newest processors can.
 #pragma once
 
+#include "filter/arkfir_kernels.hpp"
 #include "filter/arkiir_kernels.hpp"
+#include "filter/arklms_kernels.hpp"
 #include "vector/arkarith_kernels.hpp"
 #include "vector/arkaritw_kernels.hpp"
 #include "vector/arkcvrt_kernels.hpp"
@@ -35,12 +37,22 @@ struct Kernels : KernelSlot<FillKernels>,
                  KernelSlot<ShortArithKernels>,
                  KernelSlot<ConvertKernels<float>>,
                  KernelSlot<ConvertKernels<double>>,
+                 KernelSlot<FirKernels<float, float>>,
+                 KernelSlot<FirKernels<double, double>>,
+                 KernelSlot<FirKernels<FloatCplx, FloatCplx>>,
+                 KernelSlot<FirKernels<DoubleCplx, DoubleCplx>>,
+                 KernelSlot<FirKernels<float, FloatCplx>>,
+                 KernelSlot<FirKernels<FloatCplx, float>>,
+                 KernelSlot<FirKernels<double, DoubleCplx>>,
+                 KernelSlot<FirKernels<DoubleCplx, double>>,
+                 KernelSlot<FirKernels<short, float>>,
                  KernelSlot<IirKernels>,
-                 KernelSlot<IirDataKernels<float>>,
-                 KernelSlot<IirDataKernels<double>>,
-                 KernelSlot<IirDataKernels<FloatCplx>>,
-                 KernelSlot<IirDataKernels<DoubleCplx>>,
-                 KernelSlot<IirDataKernels<short>> {};
+                 KernelSlot<LmsKernels<float, float>>,
+                 KernelSlot<LmsKernels<double, double>>,
+                 KernelSlot<LmsKernels<FloatCplx, FloatCplx>>,
+                 KernelSlot<LmsKernels<DoubleCplx, DoubleCplx>>,
+                 KernelSlot<LmsKernels<float, FloatCplx>>,
+                 KernelSlot<LmsKernels<double, DoubleCplx>> {};
 
 namespace sse2 {
 extern const Kernels kernels;

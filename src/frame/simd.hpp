@@ -126,6 +126,24 @@ ARK_INLINE V permute(V v)
     return permuteIn<source>(v, std::make_index_sequence<lanesOf<V>>{});
 }
 
+template <int (*source)(int lane, int lanes), class V, std::size_t... i>
+ARK_INLINE V permute2In(V a, V b, std::index_sequence<i...>)
+{
+    return __builtin_shufflevector(a, b, source(int(i), lanesOf<V>)...);
+}
+
+// Lane i of the result is lane source(i, number of lanes of a) of a followed by b.
+template <int (*source)(int lane, int lanes), class V>
+ARK_INLINE V permute2(V a, V b)
+{
+    return permute2In<source>(a, b, std::make_index_sequence<lanesOf<V>>{});
+}
+
+constexpr int lowOfBoth(int lane, int lanes) { return lane / 2 + (lane % 2) * lanes; }
+constexpr int highOfBoth(int lane, int lanes) { return lanes / 2 + lowOfBoth(lane, lanes); }
+constexpr int evenOfBoth(int lane, int) { return 2 * lane; }
+constexpr int oddOfBoth(int lane, int) { return 2 * lane + 1; }
+
 // Permutations of complex pairs.
 constexpr int realPart(int lane, int) { return lane & ~1; }
 constexpr int imaginaryPart(int lane, int) { return lane | 1; }
@@ -431,6 +449,46 @@ ARK_INLINE Lanes32<double> fromInts<double>(Vec<int> v)
         {(Vec<double>)_mm_cvtepi32_pd((Bits)v), (Vec<double>)_mm_cvtepi32_pd(_mm_unpackhi_epi64((Bits)v, (Bits)v))}};
 #endif
 }
+
+// ---- narrower elements in memory and lanes of double ----
+
+ARK_INLINE Vec<double> loadDoubles(const double* from) { return load(from); }
+ARK_INLINE void storeDoubles(double* to, Vec<double> v) { store(to, v); }
+
+#if ARK_AVX512
+ARK_INLINE Vec<double> loadDoubles(const float* from) { return (Vec<double>)_mm512_cvtps_pd(_mm256_loadu_ps(from)); }
+ARK_INLINE void storeDoubles(float* to, Vec<double> v) { _mm256_storeu_ps(to, _mm512_cvtpd_ps((__m512d)v)); }
+ARK_INLINE Vec<double> loadDoubles(const short* from)
+{
+    const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i_u*>(from));
+    return (Vec<double>)_mm512_cvtepi32_pd(_mm256_cvtepi16_epi32(v));
+}
+#elif ARK_AVX2
+ARK_INLINE Vec<double> loadDoubles(const float* from) { return (Vec<double>)_mm256_cvtps_pd(_mm_loadu_ps(from)); }
+ARK_INLINE void storeDoubles(float* to, Vec<double> v) { _mm_storeu_ps(to, _mm256_cvtpd_ps((__m256d)v)); }
+ARK_INLINE Vec<double> loadDoubles(const short* from)
+{
+    const __m128i v = _mm_loadl_epi64(reinterpret_cast<const __m128i_u*>(from));
+    return (Vec<double>)_mm256_cvtepi32_pd(_mm_cvtepi16_epi32(v));
+}
+#else
+ARK_INLINE Vec<double> loadDoubles(const float* from)
+{
+    const __m128i v = _mm_loadl_epi64(reinterpret_cast<const __m128i_u*>(from));
+    return (Vec<double>)_mm_cvtps_pd(_mm_castsi128_ps(v));
+}
+ARK_INLINE void storeDoubles(float* to, Vec<double> v)
+{
+    _mm_storel_epi64(reinterpret_cast<__m128i_u*>(to), _mm_castps_si128(_mm_cvtpd_ps((__m128d)v)));
+}
+ARK_INLINE Vec<double> loadDoubles(const short* from)
+{
+    int pair;
+    __builtin_memcpy(&pair, from, sizeof pair);
+    const __m128i v = _mm_cvtsi32_si128(pair);
+    return (Vec<double>)_mm_cvtepi32_pd(_mm_srai_epi32(_mm_unpacklo_epi16(v, v), 16));
+}
+#endif
 
 } // namespace
 } // namespace ark::ARK_SET

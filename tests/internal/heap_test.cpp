@@ -1,6 +1,8 @@
 // Every request to the heap made to fail. The linker leads malloc and calloc here.
 #include "frame/heap.hpp"
 
+#include "internal/empty_heap.hpp"
+
 #include <arkpx.h>
 #include <gtest/gtest.h>
 
@@ -9,16 +11,9 @@
 #include <cstdlib>
 #include <thread>
 
-namespace {
+int heapBlocksLeft = INT_MAX;
 
-bool heapIsEmpty = false; // for all threads: on Windows, reaching a thread_local calls malloc
-
-struct EmptyHeap {
-    EmptyHeap() { heapIsEmpty = true; }
-    ~EmptyHeap() { heapIsEmpty = false; }
-};
-
-} // namespace
+static bool heapGives() { return heapBlocksLeft == INT_MAX || heapBlocksLeft-- > 0; }
 
 extern "C" {
 void* __real_malloc(std::size_t size);
@@ -26,8 +21,8 @@ void* __real_calloc(std::size_t count, std::size_t size);
 void* __wrap_malloc(std::size_t size);
 void* __wrap_calloc(std::size_t count, std::size_t size);
 
-void* __wrap_malloc(std::size_t size) { return heapIsEmpty ? nullptr : __real_malloc(size); }
-void* __wrap_calloc(std::size_t count, std::size_t size) { return heapIsEmpty ? nullptr : __real_calloc(count, size); }
+void* __wrap_malloc(std::size_t size) { return heapGives() ? __real_malloc(size) : nullptr; }
+void* __wrap_calloc(std::size_t count, std::size_t size) { return heapGives() ? __real_calloc(count, size) : nullptr; }
 }
 
 namespace {
