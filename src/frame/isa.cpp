@@ -23,6 +23,7 @@ extern const FirKernels<FloatCplx, float> firCS;
 extern const FirKernels<double, DoubleCplx> firDZ;
 extern const FirKernels<DoubleCplx, double> firZD;
 extern const FirKernels<short, float> firW;
+extern const IirKernels iir;
 extern const LmsKernels<float, float> lmsS;
 extern const LmsKernels<double, double> lmsD;
 extern const LmsKernels<FloatCplx, FloatCplx> lmsC;
@@ -35,9 +36,17 @@ extern const RealKernels<float> realS;
 extern const RealKernels<double> realD;
 
 // In the order of the bases of Kernels.
-constinit const Kernels kernels{{fill},   {arithS},   {arithD},   {arithC}, {arithZ}, {conjC}, {conjZ}, {conjV},
-                                {arithW}, {convertS}, {convertD}, {firS},   {firD},   {firC},  {firZ},  {firSC},
-                                {firCS},  {firDZ},    {firZD},    {firW},   {lmsS},   {lmsD},  {lmsC},  {lmsZ},
-                                {lmsSC},  {lmsDZ},    {fftC},     {fftZ},   {realS},  {realD}};
+// clang-format off
+constinit const Kernels kernels{
+    {fill},
+    {arithS}, {arithD}, {arithC}, {arithZ}, {conjC}, {conjZ}, {conjV}, {arithW},
+    {convertS}, {convertD},
+    {firS}, {firD}, {firC}, {firZ}, {firSC}, {firCS}, {firDZ}, {firZD}, {firW},
+    {iir},
+    {lmsS}, {lmsD}, {lmsC}, {lmsZ}, {lmsSC}, {lmsDZ},
+    {fftC}, {fftZ},
+    {realS}, {realD},
+};
+// clang-format on
 
 } // namespace ark::ARK_SET

@@ -13,6 +13,7 @@
 #pragma once
 
 #include "filter/arkfir_kernels.hpp"
+#include "filter/arkiir_kernels.hpp"
 #include "filter/arklms_kernels.hpp"
 #include "transform/fft_kernels.hpp"
 #include "transform/real_kernels.hpp"
@@ -47,6 +48,7 @@ struct Kernels : KernelSlot<FillKernels>,
                  KernelSlot<FirKernels<double, DoubleCplx>>,
                  KernelSlot<FirKernels<DoubleCplx, double>>,
                  KernelSlot<FirKernels<short, float>>,
+                 KernelSlot<IirKernels>,
                  KernelSlot<LmsKernels<float, float>>,
                  KernelSlot<LmsKernels<double, double>>,
                  KernelSlot<LmsKernels<FloatCplx, FloatCplx>>,
