@@ -20,6 +20,7 @@
 #define ARKPX_H
 
 #include <arkpx/frame.h>
+#include <arkpx/generate.h>
 #include <arkpx/types.h>
 #include <arkpx/vector.h>
 

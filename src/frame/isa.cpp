@@ -14,9 +14,22 @@ extern const ConjKernels<ShortCplx> conjV;
 extern const ShortArithKernels arithW;
 extern const ConvertKernels<float> convertS;
 extern const ConvertKernels<double> convertD;
+extern const ToneKernels<float> toneS;
+extern const ToneKernels<double> toneD;
+extern const ToneKernels<FloatCplx> toneC;
+extern const ToneKernels<DoubleCplx> toneZ;
+extern const GaussKernels gauss;
+extern const WindowKernels<float> windowS;
+extern const WindowKernels<double> windowD;
+extern const WindowKernels<FloatCplx> windowC;
+extern const WindowKernels<DoubleCplx> windowZ;
+extern const WindowKernels<short> windowW;
+extern const WindowKernels<ShortCplx> windowV;
 
 // In the order of the bases of Kernels.
 constinit const Kernels kernels{{fill},  {arithS}, {arithD}, {arithC},   {arithZ},  {conjC},
-                                {conjZ}, {conjV},  {arithW}, {convertS}, {convertD}};
+                                {conjZ}, {conjV},  {arithW}, {convertS}, {convertD},
+                                {toneS}, {toneD}, {toneC}, {toneZ}, {gauss},
+                                {windowS}, {windowD}, {windowC}, {windowZ}, {windowW}, {windowV}};
 
 } // namespace ark::ARK_SET

@@ -12,6 +12,9 @@
 // only the newest processors can.
 #pragma once
 
+#include "generate/arkrand_kernels.hpp"
+#include "generate/arktone_kernels.hpp"
+#include "generate/arkwin_kernels.hpp"
 #include "vector/arkarith_kernels.hpp"
 #include "vector/arkaritw_kernels.hpp"
 #include "vector/arkcvrt_kernels.hpp"
@@ -33,7 +36,18 @@ struct Kernels : KernelSlot<FillKernels>,
                  KernelSlot<ConjKernels<ShortCplx>>,
                  KernelSlot<ShortArithKernels>,
                  KernelSlot<ConvertKernels<float>>,
-                 KernelSlot<ConvertKernels<double>> {};
+                 KernelSlot<ConvertKernels<double>>,
+                 KernelSlot<ToneKernels<float>>,
+                 KernelSlot<ToneKernels<double>>,
+                 KernelSlot<ToneKernels<FloatCplx>>,
+                 KernelSlot<ToneKernels<DoubleCplx>>,
+                 KernelSlot<GaussKernels>,
+                 KernelSlot<WindowKernels<float>>,
+                 KernelSlot<WindowKernels<double>>,
+                 KernelSlot<WindowKernels<FloatCplx>>,
+                 KernelSlot<WindowKernels<DoubleCplx>>,
+                 KernelSlot<WindowKernels<short>>,
+                 KernelSlot<WindowKernels<ShortCplx>> {};
 
 namespace sse2 {
 extern const Kernels kernels;
