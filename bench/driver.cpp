@@ -210,9 +210,10 @@ int run(int argc, char** argv)
         printTable(*family);
     if (!spreads.empty()) {
         std::sort(spreads.begin(), spreads.end());
-        std::printf("\nNoise: the median repetition lies above the fastest by %.1f%% in the median row, by %.1f%% in the"
-                    " worst.\n",
-                    100 * spreads[spreads.size() / 2], 100 * spreads.back());
+        std::printf(
+            "\nNoise: the median repetition lies above the fastest by %.1f%% in the median row, by %.1f%% in the"
+            " worst.\n",
+            100 * spreads[spreads.size() / 2], 100 * spreads.back());
     }
     return 0;
 }

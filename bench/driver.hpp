@@ -1,6 +1,6 @@
-// The frame of the benchmarks: a case is one piece of work that several contenders, the library and its peers, do on the
-// same arrays. All contenders of a case and size are measured in turns in one run, so that what disturbs the machine
-// disturbs them alike; the fastest of many short repetitions counts.
+// The frame of the benchmarks: a case is one piece of work that several contenders, the library and its peers, do on
+// the same arrays. All contenders of a case and size are measured in turns in one run, so that what disturbs the
+// machine disturbs them alike; the fastest of many short repetitions counts.
 //
 //   const bench::Family arithmetic{"Vector arithmetic", {
 //       {"float add", 12, [](int n) {
@@ -35,8 +35,8 @@ using Contenders = std::vector<Contender>;
 
 struct Case {
     const char* name;
-    double bytes;                               // read and written for each element
-    std::function<Contenders(int n)> prepare;   // makes arrays of n elements and whatever else a contender needs
+    double bytes;                             // read and written for each element
+    std::function<Contenders(int n)> prepare; // makes arrays of n elements and whatever else a contender needs
     std::vector<int> sizes{1, 64, 1024, 1000000};
 };
 

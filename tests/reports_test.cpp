@@ -27,7 +27,8 @@ int clearStatus(int status, const char*, const char*, const char*, int)
 
 } // namespace
 
-BadCalls::BadCalls(const char* module, std::initializer_list<BadCall> calls, std::initializer_list<std::string> messages)
+BadCalls::BadCalls(const char* module, std::initializer_list<BadCall> calls,
+                   std::initializer_list<std::string> messages)
 {
     groups().push_back({module, calls, messages});
 }

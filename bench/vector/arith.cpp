@@ -27,6 +27,8 @@ FloatCplx phasor()
 
 double loud() { return 20000 * noise(); } // sums of two are clipped now and then
 
+// EIGEN and VOLK bring their own commas.
+// clang-format off
 const bench::Family arithmetic{
     "Vector arithmetic",
     {
@@ -88,5 +90,6 @@ const bench::Family arithmetic{
                                          .max(-32768).min(32767).cast<short>())};
          }},
     }};
+// clang-format on
 
 } // namespace

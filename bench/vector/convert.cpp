@@ -34,6 +34,8 @@ Case toShort(const char* name, int flag, Rule rule, [[maybe_unused]] ArrayRule a
             }};
 }
 
+// EIGEN and VOLK bring their own commas.
+// clang-format off
 const bench::Family conversion{
     "Conversion",
     {
@@ -58,5 +60,6 @@ const bench::Family conversion{
                  VOLK(volk_16i_s32f_convert_32f(dst, src, 1.0f, unsigned(n)))};
          }},
     }};
+// clang-format on
 
 } // namespace

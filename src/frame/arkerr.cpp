@@ -15,7 +15,7 @@ const char* orDefault(const char* text, const char* fallback) { return text ? te
 bool isTrace(int status) { return status == ARK_StatusBacktrace || status == ARK_StatusAutotrace; }
 
 constexpr const char* statusTexts[] = {
-    "No Error",     "Backtrace",    "Unknown error",        "Internal error (bad state)",
+    "No Error",      "Backtrace",    "Unknown error",        "Internal error (bad state)",
     "Out of memory", "Bad argument", "Unsupported function", "Iteration convergence failed",
     "Autotrace call"};
 
@@ -34,10 +34,7 @@ const char* bodyFormat(int status)
 
 } // namespace
 
-void report(Where at, int status, const char* message)
-{
-    arkError(status, at.function, message, at.module, at.line);
-}
+void report(Where at, int status, const char* message) { arkError(status, at.function, message, at.module, at.line); }
 
 void reportFailed(Where at, const Check* checks, std::size_t count)
 {

@@ -19,8 +19,7 @@ public:
     Buffer() = default;
     explicit Buffer(std::size_t count)
         : data_{count <= maxCount ? static_cast<T*>(heapAllocate(count * sizeof(T))) : nullptr}
-    {
-    }
+    {}
     Buffer(Buffer&& other) noexcept : data_{std::exchange(other.data_, nullptr)} {}
     Buffer& operator=(Buffer&& other) noexcept
     {

@@ -1,9 +1,9 @@
 // Inner loops that pay for a vector unit, as data.
 //
-// A family with such loops declares a table type, a struct of function pointers, in NAME_kernels.hpp and lists it below.
-// NAME_kernels.cpp defines one constant of it and is compiled once per instruction set, each time in a namespace named
-// after the set (ARK_SET: sse2, avx2, avx512). isa.cpp, compiled likewise, ties a set's tables together. The set is
-// chosen once, on first use. The algorithm then calls
+// A family with such loops declares a table type, a struct of function pointers, in NAME_kernels.hpp and lists it
+// below. NAME_kernels.cpp defines one constant of it and is compiled once per instruction set, each time in a namespace
+// named after the set (ARK_SET: sse2, avx2, avx512). isa.cpp, compiled likewise, ties a set's tables together. The set
+// is chosen once, on first use. The algorithm then calls
 //
 //   kernels<ArithKernels<float>>().add(a, b, dst, n);
 //

@@ -15,9 +15,9 @@ namespace ark::platform {
 namespace {
 
 struct Labels {
-    const char* end;        // the answer that ends the process
+    const char* end; // the answer that ends the process
     const char* goOn;
-    const char* prompt;     // on a terminal
+    const char* prompt; // on a terminal
     char endKey;
 };
 
@@ -55,11 +55,16 @@ Answer askOnDisplay(const char* caption, const char* body, const Labels& labels)
     char title[128], text[256], endLabel[32], goOnLabel[32], buttons[64];
     std::snprintf(buttons, sizeof buttons, "%s:1,%s:0", labels.goOn, labels.end);
 
-    const char* const zenity[] = {"zenity", "--question", "--no-markup", joined(title, "--title=", caption),
-                                  joined(text, "--text=", body), joined(endLabel, "--ok-label=", labels.end),
-                                  joined(goOnLabel, "--cancel-label=", labels.goOn), nullptr};
-    const char* const kdialog[] = {"kdialog", "--title", caption, "--yes-label", labels.end, "--no-label", labels.goOn,
-                                   "--yesno", body, nullptr};
+    const char* const zenity[] = {"zenity",
+                                  "--question",
+                                  "--no-markup",
+                                  joined(title, "--title=", caption),
+                                  joined(text, "--text=", body),
+                                  joined(endLabel, "--ok-label=", labels.end),
+                                  joined(goOnLabel, "--cancel-label=", labels.goOn),
+                                  nullptr};
+    const char* const kdialog[] = {"kdialog",    "--title",   caption,   "--yes-label", labels.end,
+                                   "--no-label", labels.goOn, "--yesno", body,          nullptr};
     const char* const xmessage[] = {"xmessage", "-center", "-title", caption, "-buttons", buttons, body, nullptr};
     for (const char* const* dialog : {zenity, kdialog, xmessage})
         if (const int status = run(dialog); status >= 0)

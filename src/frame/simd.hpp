@@ -303,10 +303,7 @@ ARK_INLINE Wide widen(Vec<short> v)
     const Wide doubled = interleave16((Bits)v, (Bits)v);
     return {doubled.low >> 16, doubled.high >> 16};
 }
-ARK_INLINE Vec<short> packSaturated(Wide w)
-{
-    return (Vec<short>)ARK_MM(packs_epi32)((Bits)w.low, (Bits)w.high);
-}
+ARK_INLINE Vec<short> packSaturated(Wide w) { return (Vec<short>)ARK_MM(packs_epi32)((Bits)w.low, (Bits)w.high); }
 ARK_INLINE Vec<short> packWrapped(Wide w)
 {
     return packSaturated({shiftLeft(w.low, 16) >> 16, shiftLeft(w.high, 16) >> 16});
@@ -450,7 +447,8 @@ ARK_INLINE Lanes32<double> fromInts<double>(Vec<int> v)
     return {{(Vec<double>)_mm256_cvtepi32_pd(_mm256_castsi256_si128((Bits)v)),
              (Vec<double>)_mm256_cvtepi32_pd(_mm256_extracti128_si256((Bits)v, 1))}};
 #else
-    return {{(Vec<double>)_mm_cvtepi32_pd((Bits)v), (Vec<double>)_mm_cvtepi32_pd(_mm_unpackhi_epi64((Bits)v, (Bits)v))}};
+    return {
+        {(Vec<double>)_mm_cvtepi32_pd((Bits)v), (Vec<double>)_mm_cvtepi32_pd(_mm_unpackhi_epi64((Bits)v, (Bits)v))}};
 #endif
 }
 

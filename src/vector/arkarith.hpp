@@ -94,7 +94,8 @@ void form2(Where at, const T* src, T* srcDst, int n)
 template <class Operation, class T>
 void form3(Where at, const T* srcA, const T* srcB, T* dst, int n)
 {
-    if (allGood(at, {{n <= 0, "n<=0"}, {!srcA, Operation::names.srcA}, {!srcB, Operation::names.srcB}, {!dst, "dst==0"}}))
+    if (allGood(at,
+                {{n <= 0, "n<=0"}, {!srcA, Operation::names.srcA}, {!srcB, Operation::names.srcB}, {!dst, "dst==0"}}))
         (kernels<ArithKernels<T>>().*Operation::template vectors<T>)(srcA, srcB, dst, n);
 }
 

@@ -50,7 +50,8 @@ void form2(Where at, const T* src, T* srcDst, int n, int scaleMode, int* scaleFa
 template <class Operation, class T>
 void form3(Where at, const T* srcA, const T* srcB, T* dst, int n, int scaleMode, int* scaleFactor)
 {
-    if (allGood(at, {{n <= 0, "n<=0"}, {!srcA, Operation::names.srcA}, {!srcB, Operation::names.srcB}, {!dst, "dst==0"}}))
+    if (allGood(at,
+                {{n <= 0, "n<=0"}, {!srcA, Operation::names.srcA}, {!srcB, Operation::names.srcB}, {!dst, "dst==0"}}))
         scaledForm<Operation>(at, srcA, {partsOf(srcB), 1}, dst, n, {scaleMode, scaleFactor});
 }
 

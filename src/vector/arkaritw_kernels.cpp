@@ -113,8 +113,8 @@ void apply(const short* a, ShortOperand b, short* dst, std::ptrdiff_t n, int cou
     for (; i + width <= n; i += width)
         store(dst + i, Rule::template result<Operation>(load(a + i), operand(b, i), count));
     if (const std::ptrdiff_t rest = n - i; rest > 0)
-        storePart(dst + i,
-                  Rule::template result<Operation>(loadPart(a + i, rest), operandPart(b, i, rest), count), rest);
+        storePart(dst + i, Rule::template result<Operation>(loadPart(a + i, rest), operandPart(b, i, rest), count),
+                  rest);
 }
 
 ARK_INLINE Vec<int> bitsBeyondSign(Vec<int> r) { return r ^ (r >> 31); }

@@ -32,8 +32,8 @@ struct ShortArithKernels {
     };
     Rules rules[shortOperations];
 
-    // Stores results up to some place before the first that does not fit in 16 bits; returns how many it stored, an even
-    // number unless all.
+    // Stores results up to some place before the first that does not fit in 16 bits; returns how many it stored, an
+    // even number unless all.
     std::ptrdiff_t (*applyWhileFitting[shortOperations])(const short* a, ShortOperand b, short* dst,
                                                          std::ptrdiff_t lanes);
 

@@ -52,7 +52,8 @@ ARK_INLINE Rounded<Real> roundAndClamp(Lanes32<Real> x)
     B outside{};
     for (int k = 0; k < Lanes32<Real>::registers; k++) {
         const Vec<Real> value = roundTo<direction>(x.part[k]);
-        Vec<Real> clamped = smaller(larger(value, broadcast(Range<Real, Int>::least)), broadcast(Range<Real, Int>::most));
+        Vec<Real> clamped =
+            smaller(larger(value, broadcast(Range<Real, Int>::least)), broadcast(Range<Real, Int>::most));
         outside |= (B)(value != clamped);
         clamped = (Vec<Real>)((B)clamped & (B)(value == value)); // not a number becomes 0
         r.value.part[k] = value;

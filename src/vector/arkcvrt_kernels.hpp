@@ -8,8 +8,8 @@ enum Rounding { roundNearest, roundZero, roundDown, roundUp, roundings };
 
 template <class Real>
 struct ConvertKernels {
-    // True when an element was out of range: stored as the nearer bound (0 when not a number) when saturating, else left
-    // as it was. dst may be src when the integers are no wider than the floats.
+    // True when an element was out of range: stored as the nearer bound (0 when not a number) when saturating, else
+    // left as it was. dst may be src when the integers are no wider than the floats.
     using ToInt = bool (*)(const Real* src, void* dst, std::ptrdiff_t n, bool saturate);
 
     // dst may be src when the integers are no wider than the floats.

@@ -11,8 +11,8 @@
 
 namespace {
 
-const NoBadCalls frame{"arkError",         "arkErrorStr",     "arkGetErrStatus", "arkSetErrStatus",
-                       "arkGetErrMode",    "arkSetErrMode",   "arkRedirectError", "arkStdErrReport",
+const NoBadCalls frame{"arkError",        "arkErrorStr",     "arkGetErrStatus",  "arkSetErrStatus",
+                       "arkGetErrMode",   "arkSetErrMode",   "arkRedirectError", "arkStdErrReport",
                        "arkGuiBoxReport", "arkNulDevReport", "arkUndContext"};
 
 // The thread's mode for the time of a test.
@@ -23,9 +23,10 @@ struct Mode {
 
 TEST(Status, TextOfEveryCode)
 {
-    const char* const texts[] = {"No Error",      "Backtrace",    "Unknown error",        "Internal error (bad state)",
-                                 "Out of memory", "Bad argument", "Unsupported function", "Iteration convergence failed",
-                                 "Autotrace call"};
+    const char* const texts[] = {
+        "No Error",      "Backtrace",    "Unknown error",        "Internal error (bad state)",
+        "Out of memory", "Bad argument", "Unsupported function", "Iteration convergence failed",
+        "Autotrace call"};
     for (int code = 0; code >= -8; code--)
         EXPECT_STREQ(arkErrorStr(code), texts[-code]);
     EXPECT_STREQ(arkErrorStr(-9), "Unknown error code -9");

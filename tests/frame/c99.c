@@ -8,8 +8,8 @@ static int reports = 0;
 
 static int count(int status, const char* function, const char* message, const char* file, int line)
 {
-    reports += strcmp(function, "arkcbAdd3") == 0 && strcmp(message, "n<=0") == 0 && strcmp(file, "arkarith") == 0 &&
-               line > 0;
+    reports +=
+        strcmp(function, "arkcbAdd3") == 0 && strcmp(message, "n<=0") == 0 && strcmp(file, "arkarith") == 0 && line > 0;
     return status;
 }
 

@@ -25,7 +25,8 @@ constexpr int wrongResult = 43;
     arkSetErrMode(mode);
     arkSetErrStatus(ARK_StatusOutOfMemory);
     const std::string longText(3000, 'x');
-    const bool good = arkGuiBoxReport(status, nullptr, status == 9 ? longText.c_str() : "m %s %n", "file", -3) == status;
+    const bool good =
+        arkGuiBoxReport(status, nullptr, status == 9 ? longText.c_str() : "m %s %n", "file", -3) == status;
     std::fflush(stderr);
     std::_Exit(good ? returned : wrongResult);
 }

@@ -71,12 +71,12 @@ public:
     enum class Tells { no, yes };
 
     explicit Person(std::vector<int> answers, Tells tells = Tells::no)
-        : tells_{tells == Tells::yes}, thread_{[this, answers = std::move(answers)] {
+        : tells_{tells == Tells::yes},
+          thread_{[this, answers = std::move(answers)] {
               for (const int answer : answers)
                   press(answer);
           }}
-    {
-    }
+    {}
 
     // To be called when no box can be there any more.
     std::vector<Box> saw()

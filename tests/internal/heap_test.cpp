@@ -27,10 +27,7 @@ void* __wrap_malloc(std::size_t size);
 void* __wrap_calloc(std::size_t count, std::size_t size);
 
 void* __wrap_malloc(std::size_t size) { return heapIsEmpty ? nullptr : __real_malloc(size); }
-void* __wrap_calloc(std::size_t count, std::size_t size)
-{
-    return heapIsEmpty ? nullptr : __real_calloc(count, size);
-}
+void* __wrap_calloc(std::size_t count, std::size_t size) { return heapIsEmpty ? nullptr : __real_calloc(count, size); }
 }
 
 namespace {

@@ -57,7 +57,8 @@ TEST(Rescale, FixedModesCapTheirShifts)
 TEST(Rescale, OfFloatsRoundsToNearestEvenFirst)
 {
     int factor = 1;
-    EXPECT_EQ(rescaled<float>({2.5f, 3.5f, -2.5f, 0.49999997f, -0.5f}, ARK_SATURATE, nullptr), (Shorts{2, 4, -2, 0, 0}));
+    EXPECT_EQ(rescaled<float>({2.5f, 3.5f, -2.5f, 0.49999997f, -0.5f}, ARK_SATURATE, nullptr),
+              (Shorts{2, 4, -2, 0, 0}));
     EXPECT_EQ(rescaled<double>({2.5, 3.49, -3.51}, ARK_FIXED_SCALE, &factor), (Shorts{1, 1, -2}));
     EXPECT_EQ(rescaled<double>({1e300, -INFINITY, NAN}, ARK_SATURATE, nullptr), (Shorts{32767, -32768, 0}));
     EXPECT_EQ(rescaled<float>({65536.0f * 3, 1.0f}, ARK_WRAP, nullptr), (Shorts{0, 1}));

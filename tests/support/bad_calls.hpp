@@ -21,7 +21,9 @@ struct WithZeros<function> {
 };
 
 // An exported function called with zeros and null pointers for all its arguments.
+// clang-format off
 #define ZEROS(function) BadCall{#function, WithZeros<function>::call}
+// clang-format on
 
 struct BadCallGroup {
     const char* module;

@@ -14,7 +14,7 @@ namespace {
 
 const BadCalls ofDst{"arkarith",
                      {ZEROS(arksbZero), ZEROS(arkdbZero), ZEROS(arkcbZero), ZEROS(arkzbZero), ZEROS(arksbSet),
-                      ZEROS(arkdbSet), ZEROS(arkcbSet), ZEROS(arkzbSet), ZEROS(arksbAdd1), ZEROS(arkdbAdd1),
+                      ZEROS(arkdbSet),  ZEROS(arkcbSet),  ZEROS(arkzbSet),  ZEROS(arksbAdd1), ZEROS(arkdbAdd1),
                       ZEROS(arkcbAdd1), ZEROS(arkzbAdd1), ZEROS(arksbSub1), ZEROS(arkdbSub1), ZEROS(arkcbSub1),
                       ZEROS(arkzbSub1), ZEROS(arksbMpy1), ZEROS(arkdbMpy1), ZEROS(arkcbMpy1), ZEROS(arkzbMpy1)},
                      {"n<=0", "dst==0"}};
@@ -28,9 +28,8 @@ const BadCalls ofSources{"arkarith",
                          {ZEROS(arksbAdd3), ZEROS(arkdbAdd3), ZEROS(arkcbAdd3), ZEROS(arkzbAdd3), ZEROS(arksbMpy3),
                           ZEROS(arkdbMpy3), ZEROS(arkcbMpy3), ZEROS(arkzbMpy3)},
                          {"n<=0", "srcA==0", "srcB==0", "dst==0"}};
-const BadCalls ofSub2{"arkarith",
-                      {ZEROS(arksbSub2), ZEROS(arkdbSub2), ZEROS(arkcbSub2), ZEROS(arkzbSub2)},
-                      {"n<=0", "val==0", "dst==0"}};
+const BadCalls ofSub2{
+    "arkarith", {ZEROS(arksbSub2), ZEROS(arkdbSub2), ZEROS(arkcbSub2), ZEROS(arkzbSub2)}, {"n<=0", "val==0", "dst==0"}};
 const BadCalls ofSub3{"arkarith",
                       {ZEROS(arksbSub3), ZEROS(arkdbSub3), ZEROS(arkcbSub3), ZEROS(arkzbSub3)},
                       {"n<=0", "src==0", "val==0", "dst==0"}};
@@ -38,7 +37,7 @@ const BadCalls ofVec{"arkarith",
                      {ZEROS(arkcbConj1), ZEROS(arkzbConj1), ZEROS(arkcbConjExtend1), ZEROS(arkzbConjExtend1)},
                      {"n<=0", "vec==0"}};
 const BadCalls ofDiv{"arkarith", {ZEROS(arkcDiv), ZEROS(arkzDiv)}, {"(b.re==0.0)&&(b.im==0.0)"}};
-const NoBadCalls never{"arkcAdd",  "arkzAdd",  "arkcSub", "arkzSub", "arkcMpy",
+const NoBadCalls never{"arkcAdd", "arkzAdd",  "arkcSub",  "arkzSub", "arkcMpy",
                        "arkzMpy", "arkcConj", "arkzConj", "arkcSet", "arkzSet"};
 
 // One type's members.
@@ -100,15 +99,13 @@ T productModel(T a, T b)
         return times(a, b);
 }
 
-#define MEMBERS(T, t)                                                                                          \
-    Members<T>                                                                                                 \
-    {                                                                                                          \
-        ark##t##bZero, ark##t##bSet, ark##t##bCopy,                                                            \
-        {                                                                                                      \
-            {ark##t##bAdd1, ark##t##bAdd2, ark##t##bAdd3, sumModel}, {ark##t##bSub1, ark##t##bSub2, ark##t##bSub3, \
-             differenceModel}, {ark##t##bMpy1, ark##t##bMpy2, ark##t##bMpy3, productModel}                     \
-        }                                                                                                      \
-    }
+// clang-format off
+#define MEMBERS(T, t)                                                           \
+    Members<T>{ark##t##bZero, ark##t##bSet, ark##t##bCopy,                      \
+               {{ark##t##bAdd1, ark##t##bAdd2, ark##t##bAdd3, sumModel},        \
+                {ark##t##bSub1, ark##t##bSub2, ark##t##bSub3, differenceModel}, \
+                {ark##t##bMpy1, ark##t##bMpy2, ark##t##bMpy3, productModel}}}
+// clang-format on
 
 template <class T>
 Members<T> members();
@@ -223,7 +220,8 @@ TYPED_TEST(Arithmetic, RunsFromTheLastElementToTheFirst)
                 std::vector<T> expected3 = start, expected2 = start;
                 for (int i = 0; i < n; i++) {
                     expected3[std::size_t(i + shift)] = forms.model(start[std::size_t(i)], other[std::size_t(i)]);
-                    expected2[std::size_t(i + shift)] = forms.model(start[std::size_t(i + shift)], start[std::size_t(i)]);
+                    expected2[std::size_t(i + shift)] =
+                        forms.model(start[std::size_t(i + shift)], start[std::size_t(i)]);
                 }
                 std::vector<T> vec = start;
                 forms.form3(vec.data(), other.data(), vec.data() + shift, n);

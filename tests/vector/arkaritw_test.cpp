@@ -79,7 +79,10 @@ long long timesPowerOf2(long long r, int shift) // rounded down
         r *= 2;
     return r;
 }
-short low16(long long r) { return short(((r % 65536) + 65536) % 65536 - ((((r % 65536) + 65536) % 65536) > 32767 ? 65536 : 0)); }
+short low16(long long r)
+{
+    return short(((r % 65536) + 65536) % 65536 - ((((r % 65536) + 65536) % 65536) > 32767 ? 65536 : 0));
+}
 bool fits(long long r) { return r >= -32768 && r <= 32767; }
 short clamp16(long long r) { return short(std::clamp(r, -32768LL, 32767LL)); }
 
@@ -192,10 +195,10 @@ TYPED_TEST(ShortArithmetic, EveryModeAndFactor)
 {
     for (const int mode : {0, 1, 2, 3, 5, 6, 7, -1, 100})
         for (const std::optional<int> factor :
-             {std::optional<int>{}, std::optional{0}, std::optional{1}, std::optional{7}, std::optional{15},
-              std::optional{16}, std::optional{31}, std::optional{32}, std::optional{33}, std::optional{INT_MAX},
-              std::optional{-1}, std::optional{-2}, std::optional{-14}, std::optional{-15}, std::optional{-16},
-              std::optional{-17}, std::optional{-31}, std::optional{-32}, std::optional{-33}, std::optional{INT_MIN}})
+             {std::optional<int>{}, std::optional{0},   std::optional{1},   std::optional{7},   std::optional{15},
+              std::optional{16},    std::optional{31},  std::optional{32},  std::optional{33},  std::optional{INT_MAX},
+              std::optional{-1},    std::optional{-2},  std::optional{-14}, std::optional{-15}, std::optional{-16},
+              std::optional{-17},   std::optional{-31}, std::optional{-32}, std::optional{-33}, std::optional{INT_MIN}})
             for (const int bits : {3, 9, 15})
                 compareAllForms<TypeParam>(50, mode, factor, bits);
 }

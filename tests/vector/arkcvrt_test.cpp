@@ -18,12 +18,10 @@ const BadCalls ofSingle{"arkcvrts",
 const BadCalls ofDouble{"arkcvrtd",
                         {ZEROS(arkdbFloatToInt)},
                         {"len<=0", "src==0", "dst==0", "Invalid size of an integer", "Invalid conversion flag"}};
-const BadCalls ofSingleBack{"arkcvrts",
-                            {ZEROS(arksbIntToFloat)},
-                            {"len<=0", "src==0", "dst==0", "Invalid size of an integer"}};
-const BadCalls ofDoubleBack{"arkcvrtd",
-                            {ZEROS(arkdbIntToFloat)},
-                            {"len<=0", "src==0", "dst==0", "Invalid size of an integer"}};
+const BadCalls ofSingleBack{
+    "arkcvrts", {ZEROS(arksbIntToFloat)}, {"len<=0", "src==0", "dst==0", "Invalid size of an integer"}};
+const BadCalls ofDoubleBack{
+    "arkcvrtd", {ZEROS(arkdbIntToFloat)}, {"len<=0", "src==0", "dst==0", "Invalid size of an integer"}};
 
 void floatToInt(const float* src, void* dst, int n, int bits, int flags) { arksbFloatToInt(src, dst, n, bits, flags); }
 void floatToInt(const double* src, void* dst, int n, int bits, int flags) { arkdbFloatToInt(src, dst, n, bits, flags); }
@@ -51,13 +49,21 @@ double rounded(double x, int flag)
 template <class Real>
 std::vector<Real> interestingValues()
 {
-    std::vector<Real> values{0, std::numeric_limits<Real>::denorm_min(), std::numeric_limits<Real>::max(),
-                             std::numeric_limits<Real>::infinity(), std::numeric_limits<Real>::quiet_NaN(),
-                             Real(0.49999997), Real(8388609), Real(4503599627370497)};
-    for (const double place : {0.5, 1.0, 1.5, 2.5, 3.5, 127.0, 127.5, 128.0, 128.5, 255.0, 255.5, 256.0, 32767.0, 32767.5,
-                               32768.0, 32768.5, 65535.0, 65535.5, 65536.0, 8388607.5, 16777216.0, 2147483647.0,
-                               2147483647.5, 2147483648.0, 2147483648.5, 4294967295.0, 4294967295.5, 4294967296.0})
-        for (const Real x : {Real(place), std::nextafter(Real(place), Real(0)), std::nextafter(Real(place), Real(1e30))})
+    std::vector<Real> values{0,
+                             std::numeric_limits<Real>::denorm_min(),
+                             std::numeric_limits<Real>::max(),
+                             std::numeric_limits<Real>::infinity(),
+                             std::numeric_limits<Real>::quiet_NaN(),
+                             Real(0.49999997),
+                             Real(8388609),
+                             Real(4503599627370497)};
+    for (const double place :
+         {0.5,          1.0,          1.5,          2.5,          3.5,          127.0,        127.5,
+          128.0,        128.5,        255.0,        255.5,        256.0,        32767.0,      32767.5,
+          32768.0,      32768.5,      65535.0,      65535.5,      65536.0,      8388607.5,    16777216.0,
+          2147483647.0, 2147483647.5, 2147483648.0, 2147483648.5, 4294967295.0, 4294967295.5, 4294967296.0})
+        for (const Real x :
+             {Real(place), std::nextafter(Real(place), Real(0)), std::nextafter(Real(place), Real(1e30))})
             values.push_back(x);
     for (int i = 0; i < 300; i++)
         values.push_back(std::ldexp(Real(randomInt(0, 1 << 24)), randomInt(-26, 12)));
