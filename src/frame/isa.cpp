@@ -18,7 +18,8 @@ extern const ToneKernels<float> toneS;
 extern const ToneKernels<double> toneD;
 extern const ToneKernels<FloatCplx> toneC;
 extern const ToneKernels<DoubleCplx> toneZ;
-extern const GaussKernels gauss;
+extern const GaussKernels<float> gaussS;
+extern const GaussKernels<double> gaussD;
 extern const WindowKernels<float> windowS;
 extern const WindowKernels<double> windowD;
 extern const WindowKernels<FloatCplx> windowC;
@@ -29,7 +30,7 @@ extern const WindowKernels<ShortCplx> windowV;
 // In the order of the bases of Kernels.
 constinit const Kernels kernels{{fill},  {arithS}, {arithD}, {arithC},   {arithZ},  {conjC},
                                 {conjZ}, {conjV},  {arithW}, {convertS}, {convertD},
-                                {toneS}, {toneD}, {toneC}, {toneZ}, {gauss},
+                                {toneS}, {toneD}, {toneC}, {toneZ}, {gaussS}, {gaussD},
                                 {windowS}, {windowD}, {windowC}, {windowZ}, {windowW}, {windowV}};
 
 } // namespace ark::ARK_SET

@@ -1,4 +1,4 @@
-// Windows. A window is computed in pieces of 64 weights, each of which serves an element and its mirror image.
+// Windows. Every weight serves an element and its mirror image; cosines are computed in pieces of 64.
 #include "frame/kernels.hpp"
 #include "generate/oscillator.hpp"
 
@@ -35,13 +35,13 @@ ARK_INLINE void multiply(R* at, Vec<double> weights)
     storeElements(at, loadDoubles(at) * weights);
 }
 
-// front[j] and back[-j] times weight[j], 0 <= j < count
-template <class T>
-ARK_INLINE void multiplyBoth(T* front, T* back, const double* weights, std::ptrdiff_t count)
+// Multiplies front[j] and back[-j] by weight j, 0 <= j < count. weightsFrom(j) gives a register of weights.
+template <class T, class Weights>
+ARK_INLINE void multiplyBoth(T* front, T* back, std::ptrdiff_t count, Weights weightsFrom)
 {
     std::ptrdiff_t j = 0;
     for (; j + width <= count; j += width) {
-        const Vec<double> w = load(weights + j);
+        const Vec<double> w = weightsFrom(j);
         Real<T>*const to = partsOf(front + j), *const mirrored = partsOf(back - j - (width - 1));
         if constexpr (isComplex<T>) {
             multiply(to, permute<lowTwice>(w));
@@ -53,25 +53,23 @@ ARK_INLINE void multiplyBoth(T* front, T* back, const double* weights, std::ptrd
             multiply(mirrored, permute<reversed>(w));
         }
     }
-    for (; j < count; j++)
+    if (j == count)
+        return;
+    double rest[width];
+    store(rest, weightsFrom(j));
+    for (const double* weight = rest; j < count; j++, weight++)
         for (int part = 0; part < parts<T>; part++) {
             Real<T>&x = partsOf(front + j)[part], &y = partsOf(back - j)[part];
-            x = product(x, weights[j]);
-            y = product(y, weights[j]);
+            x = product(x, *weight);
+            y = product(y, *weight);
         }
 }
 
-// Multiplies all pairs. next(weights, k, count) gives weights k ... k+count-1; it may write a whole piece.
-template <class T, class Next>
-ARK_INLINE void multiplyPairs(T* vec, std::ptrdiff_t n, Next next)
+// All pairs of elements, their weights given directly.
+template <class T, class Weights>
+ARK_INLINE void multiplyPairs(T* vec, std::ptrdiff_t n, Weights weightsFrom)
 {
-    alignas(64) double weights[piece];
-    const std::ptrdiff_t pairs = n / 2;
-    for (std::ptrdiff_t k = 0; k < pairs; k += piece) {
-        const std::ptrdiff_t count = pairs - k < piece ? pairs - k : piece;
-        next(weights, k, count);
-        multiplyBoth(vec + k, vec + (n - 1 - k), weights, count);
-    }
+    multiplyBoth(vec, vec + (n - 1), n / 2, weightsFrom);
 }
 
 // The numbers k, k+1, ... in one register.
@@ -88,55 +86,53 @@ template <class T>
 void bartlett(T* vec, std::ptrdiff_t n)
 {
     const double slope = 2 / double(n - 1);
-    multiplyPairs(vec, n, [=](double* weights, std::ptrdiff_t k, std::ptrdiff_t) __attribute__((always_inline)) {
-        for (std::ptrdiff_t j = 0; j < piece; j += width)
-            store(weights + j, countFrom(k + j) * slope);
-    });
+    multiplyPairs(vec, n, [=](std::ptrdiff_t k) __attribute__((always_inline)) { return countFrom(k) * slope; });
 }
 
 // ---- sums of cosines ----
 
-ARK_INLINE void fromCosines(double* weights, std::ptrdiff_t count, CosineWindow window)
+// Takes pieces of cosines from next(cosines, count), which may write a whole piece.
+template <class T, class Next>
+ARK_INLINE void multiplyByCosines(T* vec, std::ptrdiff_t n, CosineWindow window, Next next)
 {
-    for (std::ptrdiff_t j = 0; j < count; j += width) {
-        const Vec<double> c = load(weights + j);
-        store(weights + j, (window.a - window.b * c) - window.c * (2.0 * (c * c) - 1.0));
+    alignas(64) double cosines[piece] = {};
+    const std::ptrdiff_t pairs = n / 2;
+    for (std::ptrdiff_t k = 0; k < pairs; k += piece) {
+        const std::ptrdiff_t count = pairs - k < piece ? pairs - k : piece;
+        next(cosines, count);
+        multiplyBoth(vec + k, vec + (n - 1 - k), count, [&](std::ptrdiff_t j) __attribute__((always_inline)) {
+            const Vec<double> c = load(cosines + j);
+            return (window.a - window.b * c) - window.c * (2.0 * (c * c) - 1.0);
+        });
     }
 }
 
-// For integers the rounding of every weight shows: they keep to the plain recurrence. Otherwise it serves short windows.
 template <class T>
-constexpr bool keepsRecurrence = sizeof(Real<T>) == sizeof(short);
-constexpr std::ptrdiff_t recurrencePays = 64;
+void cosine(T* vec, std::ptrdiff_t n, CosineWindow window, double cosine)
+{
+    const double twice = 2 * cosine;
+    double c = 1, before = cosine;
+    multiplyByCosines(vec, n, window, [&](double* cosines, std::ptrdiff_t count) __attribute__((always_inline)) {
+        for (std::ptrdiff_t j = 0; j < count; j++) {
+            cosines[j] = c;
+            const double next = twice * c - before;
+            before = c;
+            c = next;
+        }
+    });
+}
 
 template <class T>
-void cosine(T* vec, std::ptrdiff_t n, CosineWindow window, double cosine, double sineOfHalf)
+void longCosine(T* vec, std::ptrdiff_t n, CosineWindow window, double sineOfHalf)
 {
-    if (keepsRecurrence<T> || n <= recurrencePays) {
-        const double twice = 2 * cosine;
-        double c = 1, before = cosine;
-        multiplyPairs(vec, n, [=](double* weights, std::ptrdiff_t, std::ptrdiff_t count) mutable __attribute__((always_inline)) {
-            std::ptrdiff_t j = 0;
-            for (; j < count; j++) {
-                weights[j] = c;
-                const double next = twice * c - before;
-                before = c;
-                c = next;
-            }
-            for (; j % width != 0; j++)
-                weights[j] = 0;
-            fromCosines(weights, count, window);
-        });
-    } else if constexpr (!keepsRecurrence<T>) {
-        const long double s = sineOfHalf;
-        const double p = 1, q = 0;
-        Oscillator<1> oscillator{{1 - 2 * s * s, 2 * s * __builtin_sqrtl(1 - s * s)}, &p, &q};
-        multiplyPairs(vec, n, [&](double* weights, std::ptrdiff_t, std::ptrdiff_t count) __attribute__((always_inline)) {
-            oscillator.peek([=](std::ptrdiff_t lane, Vec<double> v) __attribute__((always_inline)) { store(weights + lane, v); });
-            oscillator.advance();
-            fromCosines(weights, count, window);
-        });
-    }
+    const long double s = sineOfHalf;
+    const double p = 1, q = 0;
+    Oscillator<1> oscillator{{1 - 2 * s * s, 2 * s * __builtin_sqrtl(1 - s * s)}, &p, &q};
+    multiplyByCosines(vec, n, window, [&](double* cosines, std::ptrdiff_t) __attribute__((always_inline)) {
+        oscillator.peek([=](std::ptrdiff_t lane, Vec<double> v)
+                            __attribute__((always_inline)) { store(cosines + lane, v); });
+        oscillator.advance();
+    });
 }
 
 // ---- Kaiser ----
@@ -196,16 +192,14 @@ void kaiser(T* vec, std::ptrdiff_t n, double beta)
 {
     const double m = double(n - 1), square = beta * beta, half = 0.5 * m * beta;
     const double factor = 1 / besselI0(broadcast(half * half))[0];
-    multiplyPairs(vec, n, [=](double* weights, std::ptrdiff_t k, std::ptrdiff_t count) __attribute__((always_inline)) {
-        for (std::ptrdiff_t j = 0; j < count; j += width) {
-            const Vec<double> i = countFrom(k + j);
-            store(weights + j, besselI0(i * (m - i) * square) * factor);
-        }
+    multiplyPairs(vec, n, [=](std::ptrdiff_t k) __attribute__((always_inline)) {
+        const Vec<double> i = countFrom(k);
+        return besselI0(i * (m - i) * square) * factor;
     });
 }
 
 template <class T>
-constexpr WindowKernels<T> windowTable{bartlett<T>, cosine<T>, kaiser<T>};
+constexpr WindowKernels<T> windowTable{bartlett<T>, cosine<T>, longCosine<T>, kaiser<T>};
 
 } // namespace
 

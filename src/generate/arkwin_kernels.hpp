@@ -15,8 +15,10 @@ struct CosineWindow {
 template <class T>
 struct WindowKernels {
     void (*bartlett)(T* vec, std::ptrdiff_t n);
-    // cosine: of 2 pi / (n-1). sineOfHalf: of pi / (n-1), which is more exact.
-    void (*cosine)(T* vec, std::ptrdiff_t n, CosineWindow window, double cosine, double sineOfHalf);
+    // By the plain recurrence; cosine: of 2 pi / (n-1).
+    void (*cosine)(T* vec, std::ptrdiff_t n, CosineWindow window, double cosine);
+    // Many cosines at a time; sineOfHalf: of pi / (n-1), which is more exact than the cosine.
+    void (*longCosine)(T* vec, std::ptrdiff_t n, CosineWindow window, double sineOfHalf);
     void (*kaiser)(T* vec, std::ptrdiff_t n, double beta);
 };
 

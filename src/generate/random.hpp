@@ -9,6 +9,7 @@
 #include <arkpx/generate.h>
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 
 namespace ark {
@@ -32,13 +33,38 @@ public:
     }
     std::int32_t next()
     {
-        const std::uint32_t difference = x2_ - x3_ - carry_;
+        lcg_ = lcg_ * multiplier + increment;
+        return std::int32_t(lcg_ + nextBorrowed());
+    }
+    // A point of the square around the unit circle, as point i. 1 when it is in the circle but not its centre, else 0.
+    int nextPoint(CirclePoints& points, std::ptrdiff_t i)
+    {
+        constexpr double unit = 4.656612873077e-10; // just below 2^-31
+        // Two steps of the congruential generator at once: its multiplication is what the next draw waits for.
+        const std::uint32_t between = lcg_ * multiplier + increment;
+        lcg_ = lcg_ * (multiplier * multiplier) + (multiplier + 1) * increment;
+        const double u1 = std::int32_t(between + nextBorrowed()) * unit;
+        const double u2 = std::int32_t(lcg_ + nextBorrowed()) * unit;
+        points.u1[i] = u1;
+        points.u2[i] = u2;
+        // 0 < square < 1 in one comparison of bits
+        const double square = u1 * u1 + u2 * u2;
+        return std::bit_cast<std::uint64_t>(square) - 1 < std::bit_cast<std::uint64_t>(1.0) - 1;
+    }
+
+private:
+    static constexpr std::uint32_t multiplier = 69069, increment = 1013904243;
+
+    std::uint32_t nextBorrowed()
+    {
+        std::uint32_t gap = x2_ - x3_;
+        asm("" : "+r"(gap)); // keeps the carry, which comes last, out of this difference
+        const std::uint32_t difference = gap - carry_;
         carry_ = std::int32_t(difference) < 1;
         x3_ = x2_;
         x2_ = x1_;
         x1_ = difference - 18 * carry_;
-        lcg_ = lcg_ * 69069u + 1013904243u;
-        return std::int32_t(lcg_ + x1_);
+        return x1_;
     }
 
 private:
@@ -181,62 +207,48 @@ void randGausInit(Where at, Seed seed, Parameter mean, Parameter stdDev, State* 
     startDraws(*state, seed, 1);
 }
 
-// Pairs of values that are computed at a time.
-inline constexpr int gaussPairs = 64;
-
-// Points in the unit circle, without its centre.
-struct CirclePoints {
-    double u1[gaussPairs], u2[gaussPairs], squares[gaussPairs];
-};
-
-inline void drawPoints(Draws& draws, CirclePoints& points, int count)
+// Draws count points in the unit circle.
+inline void drawPoints(Draws& draws, CirclePoints& points, std::ptrdiff_t count)
 {
-    constexpr double unit = 4.656612873077e-10; // just below 2^-31
-    for (int i = 0; i < count;) {
-        const double u1 = draws.next() * unit;
-        const double u2 = draws.next() * unit;
-        const double square = u1 * u1 + u2 * u2;
-        points.u1[i] = u1;
-        points.u2[i] = u2;
-        points.squares[i] = square;
-        i += int(square < 1) & int(square != 0); // the next point overwrites one outside: no jump to guess
-    }
+    for (std::ptrdiff_t i = 0; i < count;)
+        i += draws.nextPoint(points, i); // the next point overwrites one outside: no jump to guess
 }
 
-// n values in 16 bits or in the state's own precision.
-template <class To, class State>
-void drawGaussian(State& state, To* to, std::ptrdiff_t n)
+// n values in the state's own precision.
+template <class Real, class State>
+void drawGaussian(State& state, Real* to, std::ptrdiff_t n)
 {
-    using Real = decltype(State::spare);
-    const auto put = [&](Real value) {
-        if constexpr (sizeof(To) == sizeof(short))
-            *to++ = clamped(wide(value));
-        else
-            *to++ = value;
-        n--;
-    };
     if (state.haveSpare) {
         state.haveSpare = 0;
-        put(state.spare);
+        *to++ = state.spare;
+        n--;
     }
     Draws draws{state};
-    const double mean = state.mean, stdDev = state.stdDev;
-    while (n > 0) {
+    for (; n > 0; to += 2 * gaussPairs, n -= 2 * gaussPairs) {
         CirclePoints points;
-        double factor[gaussPairs];
-        const int count = int(std::min<std::ptrdiff_t>((n + 1) / 2, gaussPairs));
+        Real values[2 * gaussPairs];
+        const std::ptrdiff_t count = std::min<std::ptrdiff_t>((n + 1) / 2, gaussPairs);
         drawPoints(draws, points, count);
-        kernels<GaussKernels>().factors(points.squares, factor, count);
-        for (int i = 0; i < count; i++) {
-            put(Real(mean + stdDev * points.u2[i] * factor[i]));
-            state.spare = Real(mean + stdDev * points.u1[i] * factor[i]);
-            if (n > 0)
-                put(state.spare);
-            else
-                state.haveSpare = 1;
-        }
+        Real* const into = n < 2 * gaussPairs ? values : to;
+        kernels<GaussKernels<Real>>().pairs(points, state.mean, state.stdDev, into, count);
+        if (into == values)
+            std::copy_n(values, n, to);
+        state.spare = into[2 * count - 1];
+        state.haveSpare = n < 2 * count;
     }
     draws.store(state);
+}
+
+template <class State>
+void drawGaussian(State& state, short* to, std::ptrdiff_t n)
+{
+    for (float values[2 * gaussPairs]; n > 0;) {
+        const std::ptrdiff_t count = std::min<std::ptrdiff_t>(n, 2 * gaussPairs);
+        drawGaussian(state, values, count);
+        n -= count;
+        for (std::ptrdiff_t i = 0; i < count; i++)
+            *to++ = clamped(wide(values[i]));
+    }
 }
 
 template <class T, class State>

@@ -24,6 +24,9 @@ void winBartlett(Where at, T* vec, int n)
         kernels<WindowKernels<T>>().bartlett(vec, n);
 }
 
+// Up to this length the tables that many cosines at a time need are not paid for.
+inline constexpr int plainCosines = 64;
+
 template <class T>
 void winCosine(Where at, T* vec, int n, CosineWindow window)
 {
@@ -31,7 +34,11 @@ void winCosine(Where at, T* vec, int n, CosineWindow window)
         return;
     constexpr double twoPi = 6.283185307179586, pi = 3.141592653589793;
     const double m = n - 1;
-    kernels<WindowKernels<T>>().cosine(vec, n, window, std::cos(-twoPi / m), std::sin(pi / m));
+    // In the products of integers, which are truncated, the rounding of every weight shows: there the recurrence rules.
+    if (sizeof(Real<T>) == sizeof(short) || n <= plainCosines)
+        kernels<WindowKernels<T>>().cosine(vec, n, window, std::cos(-twoPi / m));
+    else
+        kernels<WindowKernels<T>>().longCosine(vec, n, window, std::sin(pi / m));
 }
 
 inline constexpr CosineWindow hann{0.5, 0.5, 0};
