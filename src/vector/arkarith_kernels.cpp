@@ -11,7 +11,7 @@ namespace {
 template <class T, class Body, class BodyPart>
 ARK_INLINE void downwards(std::ptrdiff_t n, Body body, BodyPart bodyPart)
 {
-    constexpr int width = lanes<T>;
+    constexpr std::ptrdiff_t width = lanes<T>;
     for (; n >= 4 * width; n -= 4 * width) {
         body(n - width);
         body(n - 2 * width);

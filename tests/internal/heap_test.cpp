@@ -64,7 +64,7 @@ TEST(Buffer, IsAlignedMovableAndRefusesWhatCannotBe)
         ark::Buffer<float> other{7};
         other = std::move(buffer);
         const ark::Buffer<float> last{std::move(other)};
-        EXPECT_FALSE(other);
+        EXPECT_FALSE(other); // NOLINT(bugprone-use-after-move)
         EXPECT_TRUE(count == 0 || last[count - 1] == float(count - 1));
     }
     EXPECT_FALSE(ark::Buffer<double>{SIZE_MAX / 8 + 2}) << "whose bytes wrap to a small number";
