@@ -28,9 +28,8 @@ extern const WindowKernels<short> windowW;
 extern const WindowKernels<ShortCplx> windowV;
 
 // In the order of the bases of Kernels.
-constinit const Kernels kernels{{fill},  {arithS}, {arithD}, {arithC},   {arithZ},  {conjC},
-                                {conjZ}, {conjV},  {arithW}, {convertS}, {convertD},
-                                {toneS}, {toneD}, {toneC}, {toneZ}, {gaussS}, {gaussD},
-                                {windowS}, {windowD}, {windowC}, {windowZ}, {windowW}, {windowV}};
+constinit const Kernels kernels{{fill},   {arithS},   {arithD},   {arithC},  {arithZ},  {conjC},   {conjZ},  {conjV},
+                                {arithW}, {convertS}, {convertD}, {toneS},   {toneD},   {toneC},   {toneZ},  {gaussS},
+                                {gaussD}, {windowS},  {windowD},  {windowC}, {windowZ}, {windowW}, {windowV}};
 
 } // namespace ark::ARK_SET

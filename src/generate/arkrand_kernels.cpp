@@ -8,8 +8,8 @@ namespace {
 using Words = Vec<unsigned long long>;
 
 // sqrt(-2 ln(s) / s) for 0 < s < 1, within a few ulps. s = 2^e m with m in [sqrt(1/2), sqrt(2)),
-// ln m = 2 artanh(g) = 2 g + 2 g^3 p(g^2) with g = (m - 1) / (m + 1), |g| < 0.172. p approximates 1/3 + z/5 + z^2/7 + ...
-// by interpolation in the nodes of Chebyshev; z p(z) is off by 5e-18. One division serves both quotients.
+// ln m = 2 artanh(g) = 2 g + 2 g^3 p(g^2) with g = (m - 1) / (m + 1), |g| < 0.172. p approximates 1/3 + z/5 + z^2/7 +
+// ... by interpolation in the nodes of Chebyshev; z p(z) is off by 5e-18. One division serves both quotients.
 ARK_INLINE Vec<double> factor(Vec<double> s)
 {
     constexpr unsigned long long rootHalf = 0x3FE6A09E667F3BCD, bias = 1023ull << 52;

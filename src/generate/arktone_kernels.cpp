@@ -22,13 +22,13 @@ void block(double twoCos, double* prev1, double* prev2, T* samps, std::ptrdiff_t
     constexpr std::ptrdiff_t count = Oscillator<parts>::count;
     Real<T>* to = partsOf(samps);
     for (; n >= count; n -= count) {
-        oscillator.peek([&](std::ptrdiff_t lane, Vec<double> v) __attribute__((always_inline)) { storeDoubles(to + lane, v); });
+        oscillator.peek([&](std::ptrdiff_t lane, Vec<double> v) { storeDoubles(to + lane, v); });
         oscillator.advance();
         to += Oscillator<parts>::lanesPerStep;
     }
     if (n > 0) {
         Real<T> rest[Oscillator<parts>::lanesPerStep];
-        oscillator.peek([&](std::ptrdiff_t lane, Vec<double> v) __attribute__((always_inline)) { storeDoubles(rest + lane, v); });
+        oscillator.peek([&](std::ptrdiff_t lane, Vec<double> v) { storeDoubles(rest + lane, v); });
         __builtin_memcpy(to, rest, std::size_t(n) * sizeof(T));
     }
     for (int i = 0; i < parts; i++) {

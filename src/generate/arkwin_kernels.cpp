@@ -86,7 +86,7 @@ template <class T>
 void bartlett(T* vec, std::ptrdiff_t n)
 {
     const double slope = 2 / double(n - 1);
-    multiplyPairs(vec, n, [=](std::ptrdiff_t k) __attribute__((always_inline)) { return countFrom(k) * slope; });
+    multiplyPairs(vec, n, [=](std::ptrdiff_t k) { return countFrom(k) * slope; });
 }
 
 // ---- sums of cosines ----
@@ -100,7 +100,7 @@ ARK_INLINE void multiplyByCosines(T* vec, std::ptrdiff_t n, CosineWindow window,
     for (std::ptrdiff_t k = 0; k < pairs; k += piece) {
         const std::ptrdiff_t count = pairs - k < piece ? pairs - k : piece;
         next(cosines, count);
-        multiplyBoth(vec + k, vec + (n - 1 - k), count, [&](std::ptrdiff_t j) __attribute__((always_inline)) {
+        multiplyBoth(vec + k, vec + (n - 1 - k), count, [&](std::ptrdiff_t j) {
             const Vec<double> c = load(cosines + j);
             return (window.a - window.b * c) - window.c * (2.0 * (c * c) - 1.0);
         });
@@ -112,7 +112,7 @@ void cosine(T* vec, std::ptrdiff_t n, CosineWindow window, double cosine)
 {
     const double twice = 2 * cosine;
     double c = 1, before = cosine;
-    multiplyByCosines(vec, n, window, [&](double* cosines, std::ptrdiff_t count) __attribute__((always_inline)) {
+    multiplyByCosines(vec, n, window, [&](double* cosines, std::ptrdiff_t count) {
         for (std::ptrdiff_t j = 0; j < count; j++) {
             cosines[j] = c;
             const double next = twice * c - before;
@@ -128,9 +128,8 @@ void longCosine(T* vec, std::ptrdiff_t n, CosineWindow window, double sineOfHalf
     const long double s = sineOfHalf;
     const double p = 1, q = 0;
     Oscillator<1> oscillator{{1 - 2 * s * s, 2 * s * __builtin_sqrtl(1 - s * s)}, &p, &q};
-    multiplyByCosines(vec, n, window, [&](double* cosines, std::ptrdiff_t) __attribute__((always_inline)) {
-        oscillator.peek([=](std::ptrdiff_t lane, Vec<double> v)
-                            __attribute__((always_inline)) { store(cosines + lane, v); });
+    multiplyByCosines(vec, n, window, [&](double* cosines, std::ptrdiff_t) {
+        oscillator.peek([=](std::ptrdiff_t lane, Vec<double> v) { store(cosines + lane, v); });
         oscillator.advance();
     });
 }
@@ -192,7 +191,7 @@ void kaiser(T* vec, std::ptrdiff_t n, double beta)
 {
     const double m = double(n - 1), square = beta * beta, half = 0.5 * m * beta;
     const double factor = 1 / besselI0(broadcast(half * half))[0];
-    multiplyPairs(vec, n, [=](std::ptrdiff_t k) __attribute__((always_inline)) {
+    multiplyPairs(vec, n, [=](std::ptrdiff_t k) {
         const Vec<double> i = countFrom(k);
         return besselI0(i * (m - i) * square) * factor;
     });

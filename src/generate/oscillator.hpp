@@ -2,8 +2,8 @@
 // files: like simd.hpp, everything is in an unnamed namespace inside the set's namespace and always inlined.
 //
 // y[n+j] = p cos(jw) - q sin(jw), where p = y[n] and q is the component in quadrature. One step gives the samples
-// j = 0 ... count-1 and then turns (p, q) by the angle of count samples. Every set takes steps of the same length, hence
-// all give the same bits.
+// j = 0 ... count-1 and then turns (p, q) by the angle of count samples. Every set takes steps of the same length,
+// hence all give the same bits.
 #pragma once
 
 #include "frame/simd.hpp"
@@ -16,10 +16,7 @@ struct Rotation {
     long double cosine, sine;
 };
 
-ARK_INLINE Rotation squared(Rotation r)
-{
-    return {(r.cosine - r.sine) * (r.cosine + r.sine), 2 * r.cosine * r.sine};
-}
+ARK_INLINE Rotation squared(Rotation r) { return {(r.cosine - r.sine) * (r.cosine + r.sine), 2 * r.cosine * r.sine}; }
 
 // parts: 1 for a real sinusoid, 2 for pairs of a real and an imaginary one, which lanes hold in turns.
 template <int parts>
@@ -36,7 +33,7 @@ public:
             sine_[i] = 0;
         }
         Rotation r = perSample;
-        const auto doubleTable = [&](auto filled) __attribute__((always_inline)) {
+        const auto doubleTable = [&](auto filled) {
             turn<filled>(double(r.cosine), double(r.sine));
             r = squared(r);
         };

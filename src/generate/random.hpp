@@ -19,9 +19,12 @@ class Draws {
 public:
     template <class State>
     explicit Draws(const State& state)
-        : lcg_{state.lcg}, carry_{state.carry}, x1_{state.x1}, x2_{state.x2}, x3_{state.x3}
-    {
-    }
+        : lcg_{state.lcg},
+          carry_{state.carry},
+          x1_{state.x1},
+          x2_{state.x2},
+          x3_{state.x3}
+    {}
     template <class State>
     void store(State& state) const
     {

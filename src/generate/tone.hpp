@@ -81,7 +81,9 @@ template <class T, class State>
 class Recurrence {
 public:
     explicit Recurrence(State& state)
-        : twoCos_{state.twoCos}, stored1_{partsOf(&state.prev1)}, stored2_{partsOf(&state.prev2)}
+        : twoCos_{state.twoCos},
+          stored1_{partsOf(&state.prev1)},
+          stored2_{partsOf(&state.prev2)}
     {
         for (int i = 0; i < parts<T>; i++) {
             prev1_[i] = stored1_[i];
@@ -133,7 +135,8 @@ void toneBlock(Where at, State* state, T* samps, int sampsLen)
         return;
     // A tone that does not turn has no quadrature component.
     if (sampsLen >= toneBlockPays && std::fabs(state->twoCos) < 2)
-        return kernels<ToneKernels<T>>().block(state->twoCos, partsOf(&state->prev1), partsOf(&state->prev2), samps, sampsLen);
+        return kernels<ToneKernels<T>>().block(state->twoCos, partsOf(&state->prev1), partsOf(&state->prev2), samps,
+                                               sampsLen);
     Recurrence<T, State> recurrence{*state};
     for (int n = 0; n < sampsLen; n++)
         samps[n] = recurrence.next();

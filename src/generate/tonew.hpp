@@ -41,7 +41,8 @@ void toneInitShort(Where at, float rFreq, float phase, short mag, ArkwToneState*
     const auto turned = [=](Phasor p) {
         return Phasor{rounded(p.re * cosW - p.im * sinW), rounded(p.re * sinW + p.im * cosW)};
     };
-    const Phasor ph0 = turned({low16(truncated(amplitude * std::cos(before))), low16(truncated(amplitude * std::sin(before)))});
+    const Phasor ph0 =
+        turned({low16(truncated(amplitude * std::cos(before))), low16(truncated(amplitude * std::sin(before)))});
     const Phasor ph1 = turned(ph0);
 
     *state = {};

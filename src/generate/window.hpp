@@ -56,9 +56,9 @@ template <class Parameter, class T>
 void winKaiser(Where at, T* vec, int n, Parameter beta)
 {
     const Parameter half = Parameter(double(n) - 1) * std::fabs(beta) * Parameter(0.5);
-    if (firstGood(at, {{!vec, "Null pointer to buffer"},
-                       {n < 3, "Bad number of items"},
-                       {half > 308, "Huge window parameter"}}))
+    if (firstGood(
+            at,
+            {{!vec, "Null pointer to buffer"}, {n < 3, "Bad number of items"}, {half > 308, "Huge window parameter"}}))
         kernels<WindowKernels<T>>().kaiser(vec, n, beta);
 }
 

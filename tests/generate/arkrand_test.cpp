@@ -10,19 +10,21 @@
 
 namespace {
 
-const BadCalls ofAll{"arkrand",
-                     {ZEROS(arksRandUniInit), ZEROS(arkdRandUniInit), ZEROS(arkcRandUniInit), ZEROS(arkzRandUniInit),
-                      ZEROS(arksRandUni), ZEROS(arkdRandUni), ZEROS(arkcRandUni), ZEROS(arkzRandUni), ZEROS(arksbRandUni),
-                      ZEROS(arkdbRandUni), ZEROS(arkcbRandUni), ZEROS(arkzbRandUni), ZEROS(arksRandGausInit),
-                      ZEROS(arkdRandGausInit), ZEROS(arkcRandGausInit), ZEROS(arkzRandGausInit), ZEROS(arkwRandGausInit),
-                      ZEROS(arkvRandGausInit), ZEROS(arksRandGaus), ZEROS(arkdRandGaus), ZEROS(arkcRandGaus),
-                      ZEROS(arkzRandGaus), ZEROS(arkwRandGaus), ZEROS(arkvRandGaus), ZEROS(arksbRandGaus),
-                      ZEROS(arkdbRandGaus), ZEROS(arkcbRandGaus), ZEROS(arkzbRandGaus), ZEROS(arkwbRandGaus),
-                      ZEROS(arkvbRandGaus)},
-                     {"Null pointer to state structure"}};
-const BadCalls ofShortUniform{"arkrandw",
-                              {ZEROS(arkwRandUniInit), ZEROS(arkvRandUniInit), ZEROS(arkwbRandUni), ZEROS(arkvbRandUni)},
-                              {"statePtr==0"}};
+const BadCalls ofAll{
+    "arkrand",
+    {ZEROS(arksRandUniInit),  ZEROS(arkdRandUniInit),  ZEROS(arkcRandUniInit),  ZEROS(arkzRandUniInit),
+     ZEROS(arksRandUni),      ZEROS(arkdRandUni),      ZEROS(arkcRandUni),      ZEROS(arkzRandUni),
+     ZEROS(arksbRandUni),     ZEROS(arkdbRandUni),     ZEROS(arkcbRandUni),     ZEROS(arkzbRandUni),
+     ZEROS(arksRandGausInit), ZEROS(arkdRandGausInit), ZEROS(arkcRandGausInit), ZEROS(arkzRandGausInit),
+     ZEROS(arkwRandGausInit), ZEROS(arkvRandGausInit), ZEROS(arksRandGaus),     ZEROS(arkdRandGaus),
+     ZEROS(arkcRandGaus),     ZEROS(arkzRandGaus),     ZEROS(arkwRandGaus),     ZEROS(arkvRandGaus),
+     ZEROS(arksbRandGaus),    ZEROS(arkdbRandGaus),    ZEROS(arkcbRandGaus),    ZEROS(arkzbRandGaus),
+     ZEROS(arkwbRandGaus),    ZEROS(arkvbRandGaus)},
+    {"Null pointer to state structure"}};
+const BadCalls ofShortUniform{
+    "arkrandw",
+    {ZEROS(arkwRandUniInit), ZEROS(arkvRandUniInit), ZEROS(arkwbRandUni), ZEROS(arkvbRandUni)},
+    {"statePtr==0"}};
 const BadCalls ofOneShortUniform{"arkrandw", {ZEROS(arkwRandUni), ZEROS(arkvRandUni)}, {"((void*)(0))==statePtr"}};
 
 // The generator in 64 bits.
@@ -44,7 +46,10 @@ struct Model {
             draw();
     }
     static long long positive(long long value) { return (value % modulus + modulus) % modulus; }
-    static long long asSigned(long long value) { return positive(value) >= modulus / 2 ? positive(value) - modulus : positive(value); }
+    static long long asSigned(long long value)
+    {
+        return positive(value) >= modulus / 2 ? positive(value) - modulus : positive(value);
+    }
     long long draw()
     {
         long long difference = asSigned(x[1] - x[2] - carry);
@@ -112,7 +117,13 @@ TEST(UniformNoise, IsTheModelsToTheBit)
     ArksRandUniState s;
     ArkdRandUniState d;
     ArkwRandUniState w;
-    for (const auto& [seed, whole] : {std::pair<double, long long>{5, 5}, {5.9, 5}, {-3.7, -3}, {4294967301.0, 5}, {-6442450944.0, -6442450944}, {1e300, 0}, {NAN, 0}}) {
+    for (const auto& [seed, whole] : {std::pair<double, long long>{5, 5},
+                                      {5.9, 5},
+                                      {-3.7, -3},
+                                      {4294967301.0, 5},
+                                      {-6442450944.0, -6442450944},
+                                      {1e300, 0},
+                                      {NAN, 0}}) {
         const Model model{whole, 0, 5};
         arkdRandUniInit(seed, -1, 3, &d);
         compareUniform(samples(d, 2000, arkdRandUni, arkdbRandUni), model, -1.0, 3.0);
@@ -150,7 +161,8 @@ TEST(GaussianNoise, IsTheModels)
         for (std::size_t i = 0; i < got.size(); i++) {
             const double expected = double(model.gaussian(mean, stdDev));
             // the logarithm's error and a few roundings of the deviation, one of the sum
-            ASSERT_NEAR(got[i], expected, std::fabs(expected - mean) * 1e-15 + std::fabs(expected) * epsilon) << "sample " << i;
+            ASSERT_NEAR(got[i], expected, std::fabs(expected - mean) * 1e-15 + std::fabs(expected) * epsilon)
+                << "sample " << i;
         }
     };
     ArksRandGausState s;
@@ -173,7 +185,8 @@ TEST(GaussianNoise, IsTheModels)
         arksRandGausInit(float(seed), 20000, 10000, &s);
         arkwRandGausInit(seed, 20000, 10000, &w);
         arkvRandGausInit(seed, 20000, 10000, &v);
-        const std::vector<double> floats = samples(s, 6000, arksRandGaus, arksbRandGaus), pairs = samples(v, 3000, arkvRandGaus, arkvbRandGaus);
+        const std::vector<double> floats = samples(s, 6000, arksRandGaus, arksbRandGaus),
+                                  pairs = samples(v, 3000, arkvRandGaus, arkvbRandGaus);
         const std::vector<double> shorts = samples(w, 6000, arkwRandGaus, arkwbRandGaus);
         for (std::size_t i = 0; i < 6000; i++) {
             ASSERT_EQ(shorts[i], std::clamp(std::nearbyint(floats[i]), -32768.0, 32767.0));

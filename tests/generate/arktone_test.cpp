@@ -16,10 +16,10 @@ const BadCalls ofFloats{"arktone",
                          ZEROS(arksTone), ZEROS(arkdTone), ZEROS(arkcTone), ZEROS(arkzTone), ZEROS(arksbTone),
                          ZEROS(arkdbTone), ZEROS(arkcbTone), ZEROS(arkzbTone)},
                         {"Null pointer to state"}};
-const BadCalls ofShorts{"arktonew",
-                        {ZEROS(arkwToneInit), ZEROS(arkvToneInit), ZEROS(arkwTone), ZEROS(arkvTone), ZEROS(arkwbTone),
-                         ZEROS(arkvbTone)},
-                        {"Null pointer to state"}};
+const BadCalls ofShorts{
+    "arktonew",
+    {ZEROS(arkwToneInit), ZEROS(arkvToneInit), ZEROS(arkwTone), ZEROS(arkvTone), ZEROS(arkwbTone), ZEROS(arkvbTone)},
+    {"Null pointer to state"}};
 
 // One family's members; R: of its parameters, M: of its magnitude.
 template <class Element, class Record, class R, class M, void (*initFunction)(R, R, M, Record*),
@@ -44,8 +44,8 @@ using Z = Family<DoubleCplx, ArkzToneState, double, double, arkzToneInit, arkzTo
                  116, 116, 116, 116>;
 using W = Family<short, ArkwToneState, float, short, arkwToneInit, arkwTone, arkwbTone, 233, 235, 237, 239, 391, 393,
                  455, 457, 459, 461>;
-using V = Family<ShortCplx, ArkwToneState, float, short, arkvToneInit, arkvTone, arkvbTone, 256, 258, 260, 262, 423, 425,
-                 499, 501, 503, 505>;
+using V = Family<ShortCplx, ArkwToneState, float, short, arkvToneInit, arkvTone, arkvbTone, 256, 258, 260, 262, 423,
+                 425, 499, 501, 503, 505>;
 
 template <class F>
 class AnyTone : public testing::Test {};
@@ -81,10 +81,11 @@ TYPED_TEST(AnyTone, StopsAtTheFirstFailedCheckAndNamesItsLine)
     TypeParam::init(0.1f, -1, 1, &state);
     TypeParam::block(&state, out, 0);
 
-    const char* const messages[] = {"Invalid magnitude value", "Invalid freq value", "Invalid phase value",
-                                    "Null pointer to state", "Null pointer to state", "Structure initialization need",
-                                    "Null pointer to state", "Null input buffer pointer", "Bad number of items",
-                                    "Structure initialization need"};
+    const char* const messages[] = {"Invalid magnitude value", "Invalid freq value",
+                                    "Invalid phase value",     "Null pointer to state",
+                                    "Null pointer to state",   "Structure initialization need",
+                                    "Null pointer to state",   "Null input buffer pointer",
+                                    "Bad number of items",     "Structure initialization need"};
     const std::vector<Report> made = reports.take();
     ASSERT_EQ(made.size(), 13u);
     for (std::size_t i = 0; i < 10; i++) {
@@ -130,7 +131,8 @@ TYPED_TEST(Tone, FollowsTheClosedForm)
     using Real = typename TypeParam::Real;
     constexpr long double twoPi = 6.283185307179586476925L;
     // 1/64 and 1/32 are half a turn and a turn in one step of a block; the last ones are as far as it goes.
-    for (const double frequency : {0.0, 1e-9, 1e-6, 1e-3, 1.0 / 64, 1.0 / 64 + 1e-9, 1.0 / 32, 0.1, 0.25, 0.3337, 0.4999, 0.4999999}) {
+    for (const double frequency :
+         {0.0, 1e-9, 1e-6, 1e-3, 1.0 / 64, 1.0 / 64 + 1e-9, 1.0 / 32, 0.1, 0.25, 0.3337, 0.4999, 0.4999999}) {
         const Real rFreq = Real(frequency), phase = Real(randomInt(0, 6282) * 0.001), mag = Real(randomInt(1, 1000));
         typename TypeParam::State state;
         TypeParam::init(rFreq, phase, mag, &state);
@@ -168,7 +170,10 @@ TYPED_TEST(Tone, OfFrequencyZeroIsConstant)
 
 // ---- 16-bit ----
 
-long long floorShift(long long x, int count) { return (x - ((x % (1LL << count)) + (1LL << count)) % (1LL << count)) / (1LL << count); }
+long long floorShift(long long x, int count)
+{
+    return (x - ((x % (1LL << count)) + (1LL << count)) % (1LL << count)) / (1LL << count);
+}
 long long low16(long long x) { return ((x + 32768) % 65536 + 65536) % 65536 - 32768; }
 
 // The fixed-point tone in 64 bits.
@@ -184,7 +189,8 @@ struct Model {
         while (mag && (mag << shift) < 16384)
             shift++;
         const long long c = (long long)(16384 * std::cos(w)), s = (long long)(16384 * std::sin(w));
-        long long p[2] = {(long long)((mag << shift) * std::cos(before)), (long long)((mag << shift) * std::sin(before))};
+        long long p[2] = {(long long)((mag << shift) * std::cos(before)),
+                          (long long)((mag << shift) * std::sin(before))};
         for (auto& phasor : phasors) {
             const auto rounded = [](long long x) { return low16(floorShift(x < 0 ? x + 16384 : x, 14)); };
             phasor[0] = rounded(p[0] * c - p[1] * s);

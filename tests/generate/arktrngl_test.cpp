@@ -67,7 +67,8 @@ TYPED_TEST(Triangle, FollowsTheClosedForm)
             const auto mag = typename TypeParam::Magnitude(randomInt(100, 30000));
             typename TypeParam::State state;
             TypeParam::init(f, phase, mag, a, &state);
-            const double steepest = 2 * mag / (pi - std::fabs(double(a))), rounding = std::is_integral_v<typename TypeParam::Magnitude> ? 0.5 : 0;
+            const double steepest = 2 * mag / (pi - std::fabs(double(a))),
+                         rounding = std::is_integral_v<typename TypeParam::Magnitude> ? 0.5 : 0;
             for (int n = 0, call = 0; n < 3000; call++) {
                 const int length = call % 2 ? randomInt(2, 300) : 1;
                 Guarded<T> out{std::size_t(length)};
@@ -81,7 +82,9 @@ TYPED_TEST(Triangle, FollowsTheClosedForm)
                     for (std::size_t part = 0; part < got.size(); part++) {
                         // A rounding error a sample, which turning into the steeper line makes larger; the angle of the
                         // imaginary part is off by what 2 pi as a float is off.
-                        const double tolerance = rounding + steepest * 2e-7 + (n + 4) * double(std::numeric_limits<Real>::epsilon()) * 2 * (mag + steepest);
+                        const double tolerance =
+                            rounding + steepest * 2e-7 +
+                            (n + 4) * double(std::numeric_limits<Real>::epsilon()) * 2 * (mag + steepest);
                         ASSERT_NEAR(got[part], mag * wave(angles[part], a), tolerance)
                             << "sample " << n << ", part " << part << " at " << f << ", asymmetry " << a;
                     }
@@ -114,10 +117,10 @@ TYPED_TEST(Triangle, StopsAtTheFirstFailedCheck)
     TypeParam::init(0.25f, 0, 1, Real(-pi), nullptr);
     TypeParam::block(&state, nullptr, 0);
     TypeParam::block(&state, out, 0);
-    EXPECT_EQ(reports.messages(), (std::vector<std::string>{
-                                      "Invalid magnitude value", "Invalid frequence value", "Invalid phase value",
-                                      "Invalid asymmetry value", "Invalid asymmetry value", "Null pointer to buffer",
-                                      "Invalid number of items"}));
+    EXPECT_EQ(reports.messages(),
+              (std::vector<std::string>{"Invalid magnitude value", "Invalid frequence value", "Invalid phase value",
+                                        "Invalid asymmetry value", "Invalid asymmetry value", "Null pointer to buffer",
+                                        "Invalid number of items"}));
 }
 
 TEST(ShortTriangle, RoundsToNearestEven)

@@ -13,19 +13,20 @@ namespace {
 
 const BadCalls ofFloats{"arkwin",
                         {ZEROS(arksWinBartlett), ZEROS(arkdWinBartlett), ZEROS(arkcWinBartlett), ZEROS(arkzWinBartlett),
-                         ZEROS(arksWinHann), ZEROS(arkdWinHann), ZEROS(arkcWinHann), ZEROS(arkzWinHann),
-                         ZEROS(arksWinHamming), ZEROS(arkdWinHamming), ZEROS(arkcWinHamming), ZEROS(arkzWinHamming),
+                         ZEROS(arksWinHann),     ZEROS(arkdWinHann),     ZEROS(arkcWinHann),     ZEROS(arkzWinHann),
+                         ZEROS(arksWinHamming),  ZEROS(arkdWinHamming),  ZEROS(arkcWinHamming),  ZEROS(arkzWinHamming),
                          ZEROS(arksWinBlackman), ZEROS(arkdWinBlackman), ZEROS(arkcWinBlackman), ZEROS(arkzWinBlackman),
-                         ZEROS(arksWinKaiser), ZEROS(arkdWinKaiser), ZEROS(arkcWinKaiser), ZEROS(arkzWinKaiser)},
+                         ZEROS(arksWinKaiser),   ZEROS(arkdWinKaiser),   ZEROS(arkcWinKaiser),   ZEROS(arkzWinKaiser)},
                         {"Null pointer to buffer"}};
 const BadCalls ofShorts{"arkwinw",
                         {ZEROS(arkwWinBartlett), ZEROS(arkvWinBartlett), ZEROS(arkwWinHann), ZEROS(arkvWinHann),
                          ZEROS(arkwWinHamming), ZEROS(arkvWinHamming), ZEROS(arkwWinBlackman), ZEROS(arkvWinBlackman),
                          ZEROS(arkwWinKaiser), ZEROS(arkvWinKaiser)},
                         {"Null pointer to buffer"}};
-const NoBadCalls underAnotherName{"arksWinBlackmanStd", "arkdWinBlackmanStd", "arkcWinBlackmanStd", "arkzWinBlackmanStd",
-                                  "arkwWinBlackmanStd", "arkvWinBlackmanStd", "arksWinBlackmanOpt", "arkdWinBlackmanOpt",
-                                  "arkcWinBlackmanOpt", "arkzWinBlackmanOpt", "arkwWinBlackmanOpt", "arkvWinBlackmanOpt"};
+const NoBadCalls underAnotherName{"arksWinBlackmanStd", "arkdWinBlackmanStd", "arkcWinBlackmanStd",
+                                  "arkzWinBlackmanStd", "arkwWinBlackmanStd", "arkvWinBlackmanStd",
+                                  "arksWinBlackmanOpt", "arkdWinBlackmanOpt", "arkcWinBlackmanOpt",
+                                  "arkzWinBlackmanOpt", "arkwWinBlackmanOpt", "arkvWinBlackmanOpt"};
 
 template <class Element, class P>
 struct Members {
@@ -60,7 +61,9 @@ constexpr long double pi = 3.141592653589793238462643L;
 
 Weight cosines(long double a0, long double a1, long double a2)
 {
-    return [=](long double k, long double m) { return a0 - a1 * std::cos(2 * pi * k / m) + a2 * std::cos(4 * pi * k / m); };
+    return [=](long double k, long double m) {
+        return a0 - a1 * std::cos(2 * pi * k / m) + a2 * std::cos(4 * pi * k / m);
+    };
 }
 Weight blackman(long double alpha) { return cosines(0.5L + alpha / 2, 0.5L, -alpha / 2); }
 
@@ -79,8 +82,9 @@ constexpr double resolution = std::is_integral_v<R> ? 0 : double(std::numeric_li
 template <class T>
 void compare(int n, const Weight& weight, double tolerance, const std::function<void(T*, int)>& window)
 {
-    using R = std::conditional_t<sizeof(T) == 2 || std::is_same_v<T, ShortCplx>, short,
-                                 std::conditional_t<std::is_same_v<T, float> || std::is_same_v<T, FloatCplx>, float, double>>;
+    using R =
+        std::conditional_t<sizeof(T) == 2 || std::is_same_v<T, ShortCplx>, short,
+                           std::conditional_t<std::is_same_v<T, float> || std::is_same_v<T, FloatCplx>, float, double>>;
     constexpr std::size_t parts = sizeof(T) / sizeof(R);
     Guarded<T> vec{std::size_t(n)};
     R* const x = reinterpret_cast<R*>(vec.data());
@@ -103,7 +107,8 @@ void compare(int n, const Weight& weight, double tolerance, const std::function<
 
 TEST(Windows, FollowTheClosedForms)
 {
-    for (const int n : {3, 4, 5, 6, 15, 16, 33, 63, 64, 65, 66, 67, 127, 128, 129, 130, 131, 255, 256, 257, 261, 1000, 1001, 1000003})
+    for (const int n :
+         {3, 4, 5, 6, 15, 16, 33, 63, 64, 65, 66, 67, 127, 128, 129, 130, 131, 255, 256, 257, 261, 1000, 1001, 1000003})
         withAllTypes([n](const auto& members) {
             using Set = std::decay_t<decltype(members)>;
             using T = typename Set::T;
@@ -116,22 +121,26 @@ TEST(Windows, FollowTheClosedForms)
             const double tolerance = sizeof(T) == 2 || std::is_same_v<T, ShortCplx> || n <= 64 ? recurrence : close;
             const long double standard = -0.16L, asFloat = -0.16f;
             const long double root = 0.5L / std::cos(pi / (n - 1)), optimal = -root * root;
-            compare<T>(n, [](long double k, long double m) { return 2 * k / m; }, 1e-15, members.bartlett);
-            compare<T>(n, blackman(-0.75L), tolerance, [&](T* vec, int length) { members.blackman(vec, length, P(-0.75)); });
+            compare<T>(
+                n, [](long double k, long double m) { return 2 * k / m; }, 1e-15, members.bartlett);
+            compare<T>(n, blackman(-0.75L), tolerance,
+                       [&](T* vec, int length) { members.blackman(vec, length, P(-0.75)); });
             if (!all)
                 return;
             compare<T>(n, cosines(0.5L, 0.5L, 0), tolerance, members.hann);
             compare<T>(n, cosines(0.54L, 0.46L, 0), tolerance, members.hamming);
             compare<T>(n, blackman(sizeof(P) == 4 ? asFloat : standard), tolerance, members.standard);
             if (n > 3)
-                compare<T>(n, blackman(sizeof(P) == 4 ? (long double)(P(optimal)) : optimal), tolerance, members.optimal);
+                compare<T>(n, blackman(sizeof(P) == 4 ? (long double)(P(optimal)) : optimal), tolerance,
+                           members.optimal);
             for (const double parameter : {0.0, 3.0, -8.5, 300.0}) {
                 const P beta = P(2 * parameter / (n - 1));
                 const Weight kaiser = [beta](long double k, long double m) {
                     return besselI0(beta * std::sqrt(k * (m - k))) / besselI0(beta * m / 2);
                 };
                 // 9.8.1 is off by 1.6e-7, 9.8.2 by 1.9e-7 of its factor, which is 0.4.
-                compare<T>(n, kaiser, parameter == 0 ? 0 : 1.1e-6, [&](T* vec, int length) { members.kaiser(vec, length, beta); });
+                compare<T>(n, kaiser, parameter == 0 ? 0 : 1.1e-6,
+                           [&](T* vec, int length) { members.kaiser(vec, length, beta); });
             }
         });
 }
@@ -142,7 +151,8 @@ TEST(Windows, KaiserOfAMillionElements)
     std::vector<double> vec(n, 1.0);
     arkdWinKaiser(vec.data(), n, 20.0 / (n - 1));
     for (const int k : {0, 1, 1000, 123456, 300000, 499999, 500002, 900000, n - 1})
-        EXPECT_NEAR(vec[std::size_t(k)], double(besselI0(20 / (n - 1.0L) * std::sqrt((long double)k * (n - 1 - k))) / besselI0(10)), 1e-6);
+        EXPECT_NEAR(vec[std::size_t(k)],
+                    double(besselI0(20 / (n - 1.0L) * std::sqrt((long double)k * (n - 1 - k))) / besselI0(10)), 1e-6);
     EXPECT_EQ(vec[500001], 1.0);
 }
 
