@@ -23,7 +23,7 @@ struct TriangleParts {
     static Real& value(State& state, int) { return state.value; }
 };
 template <class State>
-    requires requires(State state) { state.stepIm; }
+requires requires(State state) { state.stepIm; }
 struct TriangleParts<State> {
     using Real = decltype(State::stepRe);
     static constexpr int count = 2;
