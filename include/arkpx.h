@@ -22,6 +22,7 @@
 #include <arkpx/convolve.h>
 #include <arkpx/filter.h>
 #include <arkpx/frame.h>
+#include <arkpx/generate.h>
 #include <arkpx/transform.h>
 #include <arkpx/types.h>
 #include <arkpx/vector.h>

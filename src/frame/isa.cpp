@@ -14,6 +14,18 @@ extern const ConjKernels<ShortCplx> conjV;
 extern const ShortArithKernels arithW;
 extern const ConvertKernels<float> convertS;
 extern const ConvertKernels<double> convertD;
+extern const ToneKernels<float> toneS;
+extern const ToneKernels<double> toneD;
+extern const ToneKernels<FloatCplx> toneC;
+extern const ToneKernels<DoubleCplx> toneZ;
+extern const GaussKernels<float> gaussS;
+extern const GaussKernels<double> gaussD;
+extern const WindowKernels<float> windowS;
+extern const WindowKernels<double> windowD;
+extern const WindowKernels<FloatCplx> windowC;
+extern const WindowKernels<DoubleCplx> windowZ;
+extern const WindowKernels<short> windowW;
+extern const WindowKernels<ShortCplx> windowV;
 extern const FirKernels<float, float> firS;
 extern const FirKernels<double, double> firD;
 extern const FirKernels<FloatCplx, FloatCplx> firC;
@@ -46,6 +58,9 @@ constinit const Kernels kernels{
     {lmsS}, {lmsD}, {lmsC}, {lmsZ}, {lmsSC}, {lmsDZ},
     {fftC}, {fftZ},
     {realS}, {realD},
+    {toneS}, {toneD}, {toneC}, {toneZ},
+    {gaussS}, {gaussD},
+    {windowS}, {windowD}, {windowC}, {windowZ}, {windowW}, {windowV},
 };
 // clang-format on
 

@@ -17,6 +17,9 @@
 #include "filter/arklms_kernels.hpp"
 #include "transform/fft_kernels.hpp"
 #include "transform/real_kernels.hpp"
+#include "generate/arkrand_kernels.hpp"
+#include "generate/arktone_kernels.hpp"
+#include "generate/arkwin_kernels.hpp"
 #include "vector/arkarith_kernels.hpp"
 #include "vector/arkaritw_kernels.hpp"
 #include "vector/arkcvrt_kernels.hpp"
@@ -58,7 +61,19 @@ struct Kernels : KernelSlot<FillKernels>,
                  KernelSlot<FftKernels<float>>,
                  KernelSlot<FftKernels<double>>,
                  KernelSlot<RealKernels<float>>,
-                 KernelSlot<RealKernels<double>> {};
+                 KernelSlot<RealKernels<double>>,
+                 KernelSlot<ToneKernels<float>>,
+                 KernelSlot<ToneKernels<double>>,
+                 KernelSlot<ToneKernels<FloatCplx>>,
+                 KernelSlot<ToneKernels<DoubleCplx>>,
+                 KernelSlot<GaussKernels<float>>,
+                 KernelSlot<GaussKernels<double>>,
+                 KernelSlot<WindowKernels<float>>,
+                 KernelSlot<WindowKernels<double>>,
+                 KernelSlot<WindowKernels<FloatCplx>>,
+                 KernelSlot<WindowKernels<DoubleCplx>>,
+                 KernelSlot<WindowKernels<short>>,
+                 KernelSlot<WindowKernels<ShortCplx>> {};
 
 namespace sse2 {
 extern const Kernels kernels;

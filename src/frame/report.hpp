@@ -25,6 +25,7 @@ struct Where {
     const char* function;
     const char* module;
     int line;
+    int lineStep = 0; // from one check of firstGood to the next
 };
 
 class Module {
@@ -34,6 +35,12 @@ public:
     constexpr Where operator()(const char* function = __builtin_FUNCTION(), int line = __builtin_LINE()) const
     {
         return {function, name_, line};
+    }
+
+    // For the modules whose line numbers are part of the interface.
+    constexpr Where lines(int first, int step = 0, const char* function = __builtin_FUNCTION()) const
+    {
+        return {function, name_, first, step};
     }
 
 private:
@@ -78,11 +85,13 @@ inline bool allGood(Where at, const Check (&checks)[count])
 template <std::size_t count>
 inline bool firstGood(Where at, const Check (&checks)[count])
 {
-    for (const Check& check : checks)
+    for (const Check& check : checks) {
         if (check.failed) [[unlikely]] {
             badArgument(at, check.message);
             return false;
         }
+        at.line += at.lineStep;
+    }
     return true;
 }
 

@@ -335,6 +335,8 @@ ARK_INLINE Vec<double> larger(Vec<double> a, Vec<double> b) { return (Vec<double
 ARK_INLINE Vec<float> smaller(Vec<float> a, Vec<float> b) { return (Vec<float>)ARK_MM(min_ps)(a, b); }
 ARK_INLINE Vec<double> smaller(Vec<double> a, Vec<double> b) { return (Vec<double>)ARK_MM(min_pd)(a, b); }
 
+ARK_INLINE Vec<double> squareRoot(Vec<double> x) { return (Vec<double>)ARK_MM(sqrt_pd)(x); }
+
 // Rounds to an integral value. direction is the processor's code: 0 to nearest even, 1 down, 2 up, 3 toward zero.
 #if ARK_AVX512
 template <int direction>
@@ -773,6 +775,23 @@ ARK_INLINE Vec<double> loadDoubles(const short* from)
     return (Vec<double>)_mm_cvtepi32_pd(_mm_srai_epi32(_mm_unpacklo_epi16(v, v), 16));
 }
 #endif
+
+// Truncated toward zero, low 16 bits; 0 for what is beyond 32 bits and for what is not a number.
+ARK_INLINE void storeTruncated(short* to, Vec<double> v)
+{
+#if ARK_AVX512
+    _mm_storeu_si128(reinterpret_cast<__m128i_u*>(to), _mm256_cvtepi32_epi16(_mm512_cvttpd_epi32((__m512d)v)));
+#else
+#if ARK_AVX2
+    __m128i x = _mm256_cvttpd_epi32((__m256d)v);
+#else
+    __m128i x = _mm_cvttpd_epi32((__m128d)v);
+#endif
+    x = _mm_srai_epi32(_mm_slli_epi32(x, 16), 16);
+    x = _mm_packs_epi32(x, x);
+    __builtin_memcpy(to, &x, lanes<double> * sizeof(short));
+#endif
+}
 
 } // namespace
 } // namespace ark::ARK_SET

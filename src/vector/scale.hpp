@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 
@@ -76,8 +77,10 @@ inline std::int64_t wide(double x)
         return x == x ? -std::int64_t(limit) : 0;
     if (x >= limit)
         return std::int64_t(limit);
-    if (x > -integral && x < integral)
-        x = x < 0 ? (x - integral) + integral : (x + integral) - integral;
+    if (x > -integral && x < integral) {
+        const double signedIntegral = std::copysign(integral, x); // no jump that depends on the sign
+        x = (x + signedIntegral) - signedIntegral;
+    }
     return std::int64_t(x);
 }
 inline std::int64_t wide(float x) { return wide(double(x)); }
