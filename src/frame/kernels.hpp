@@ -15,6 +15,9 @@
 #include "vector/arkarith_kernels.hpp"
 #include "vector/arkaritw_kernels.hpp"
 #include "vector/arkcvrt_kernels.hpp"
+#include "vector/arklaw_kernels.hpp"
+#include "vector/arklnexp_kernels.hpp"
+#include "vector/arkvec_kernels.hpp"
 
 namespace ark {
 
@@ -33,7 +36,15 @@ struct Kernels : KernelSlot<FillKernels>,
                  KernelSlot<ConjKernels<ShortCplx>>,
                  KernelSlot<ShortArithKernels>,
                  KernelSlot<ConvertKernels<float>>,
-                 KernelSlot<ConvertKernels<double>> {};
+                 KernelSlot<ConvertKernels<double>>,
+                 KernelSlot<LawKernels<short>>,
+                 KernelSlot<LawKernels<int>>,
+                 KernelSlot<LawKernels<float>>,
+                 KernelSlot<LawKernels<double>>,
+                 KernelSlot<LnExpKernels<float>>,
+                 KernelSlot<LnExpKernels<double>>,
+                 KernelSlot<LnExpKernels<short>>,
+                 KernelSlot<VecKernels> {};
 
 namespace sse2 {
 extern const Kernels kernels;

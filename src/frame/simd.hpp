@@ -90,6 +90,35 @@ ARK_INLINE void storePart(T* to, Vec<T> v, std::ptrdiff_t n)
 #endif
 }
 
+// Walks n lanes from the last to the first, whole registers at a time, so that a destination that lies above its source
+// never overwrites what is still to be read. body(i) does the register whose first lane is i, bodyPart(count) the count
+// lanes that are left at the beginning.
+template <class T, class Body, class BodyPart>
+ARK_INLINE void downwards(std::ptrdiff_t n, Body body, BodyPart bodyPart)
+{
+    constexpr int width = lanes<T>;
+    for (; n >= 4 * width; n -= 4 * width) {
+        body(n - width);
+        body(n - 2 * width);
+        body(n - 3 * width);
+        body(n - 4 * width);
+    }
+    for (; n >= width; n -= width)
+        body(n - width);
+    if (n > 0)
+        bodyPart(n);
+}
+
+// dst[i] = f(src[i]) for n lanes, from the last to the first. Where a part of a register is left, f sees zeros behind
+// it.
+template <class T, class Function>
+ARK_INLINE void eachLane(const T* src, T* dst, std::ptrdiff_t n, Function f)
+{
+    downwards<T>(
+        n, [&](std::ptrdiff_t i) { store(dst + i, f(load(src + i))); },
+        [&](std::ptrdiff_t count) { storePart(dst, f(loadPart(src, count)), count); });
+}
+
 // ---- constants and permutations ----
 
 template <class T, std::size_t... i>
@@ -125,6 +154,24 @@ ARK_INLINE V permute(V v)
 {
     return permuteIn<source>(v, std::make_index_sequence<lanesOf<V>>{});
 }
+
+template <int (*source)(int lane, int lanes), class V, std::size_t... i>
+ARK_INLINE V permute2In(V a, V b, std::index_sequence<i...>)
+{
+    return __builtin_shufflevector(a, b, source(int(i), lanesOf<V>)...);
+}
+
+// Lane i of the result is lane source(i, number of lanes of a) of a followed by b.
+template <int (*source)(int lane, int lanes), class V>
+ARK_INLINE V permute2(V a, V b)
+{
+    return permute2In<source>(a, b, std::make_index_sequence<lanesOf<V>>{});
+}
+
+constexpr int lowOfBoth(int lane, int lanes) { return lane / 2 + (lane % 2) * lanes; }
+constexpr int highOfBoth(int lane, int lanes) { return lanes / 2 + lowOfBoth(lane, lanes); }
+constexpr int evenOfBoth(int lane, int) { return 2 * lane; }
+constexpr int oddOfBoth(int lane, int) { return 2 * lane + 1; }
 
 // Permutations of complex pairs.
 constexpr int realPart(int lane, int) { return lane & ~1; }
@@ -173,6 +220,26 @@ ARK_INLINE Vec<float> larger(Vec<float> a, Vec<float> b) { return (Vec<float>)AR
 ARK_INLINE Vec<double> larger(Vec<double> a, Vec<double> b) { return (Vec<double>)ARK_MM(max_pd)(a, b); }
 ARK_INLINE Vec<float> smaller(Vec<float> a, Vec<float> b) { return (Vec<float>)ARK_MM(min_ps)(a, b); }
 ARK_INLINE Vec<double> smaller(Vec<double> a, Vec<double> b) { return (Vec<double>)ARK_MM(min_pd)(a, b); }
+
+ARK_INLINE Vec<short> larger(Vec<short> a, Vec<short> b) { return (Vec<short>)ARK_MM(max_epi16)((Bits)a, (Bits)b); }
+ARK_INLINE Vec<short> smaller(Vec<short> a, Vec<short> b) { return (Vec<short>)ARK_MM(min_epi16)((Bits)a, (Bits)b); }
+
+ARK_INLINE Vec<double> squareRoot(Vec<double> x) { return (Vec<double>)ARK_MM(sqrt_pd)(x); }
+ARK_INLINE Vec<float> squareRoot(Vec<float> x) { return (Vec<float>)ARK_MM(sqrt_ps)(x); }
+
+// a * b + c: rounded once where the set has the instruction, else twice.
+template <class T>
+ARK_INLINE Vec<T> multiplyAdd(Vec<T> a, Vec<T> b, Vec<T> c)
+{
+#if ARK_AVX512 || ARK_AVX2
+    if constexpr (sizeof(T) == 4)
+        return (Vec<T>)ARK_MM(fmadd_ps)(a, b, c);
+    else
+        return (Vec<T>)ARK_MM(fmadd_pd)(a, b, c);
+#else
+    return a * b + c;
+#endif
+}
 
 // Rounds to an integral value. direction is the processor's code: 0 to nearest even, 1 down, 2 up, 3 toward zero.
 #if ARK_AVX512
@@ -429,6 +496,63 @@ ARK_INLINE Lanes32<double> fromInts<double>(Vec<int> v)
 #else
     return {
         {(Vec<double>)_mm_cvtepi32_pd((Bits)v), (Vec<double>)_mm_cvtepi32_pd(_mm_unpackhi_epi64((Bits)v, (Bits)v))}};
+#endif
+}
+
+// ---- narrower elements in memory and lanes of double ----
+
+ARK_INLINE Vec<double> loadDoubles(const double* from) { return load(from); }
+ARK_INLINE void storeDoubles(double* to, Vec<double> v) { store(to, v); }
+
+#if ARK_AVX512
+ARK_INLINE Vec<double> loadDoubles(const float* from) { return (Vec<double>)_mm512_cvtps_pd(_mm256_loadu_ps(from)); }
+ARK_INLINE void storeDoubles(float* to, Vec<double> v) { _mm256_storeu_ps(to, _mm512_cvtpd_ps((__m512d)v)); }
+ARK_INLINE Vec<double> loadDoubles(const short* from)
+{
+    const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i_u*>(from));
+    return (Vec<double>)_mm512_cvtepi32_pd(_mm256_cvtepi16_epi32(v));
+}
+#elif ARK_AVX2
+ARK_INLINE Vec<double> loadDoubles(const float* from) { return (Vec<double>)_mm256_cvtps_pd(_mm_loadu_ps(from)); }
+ARK_INLINE void storeDoubles(float* to, Vec<double> v) { _mm_storeu_ps(to, _mm256_cvtpd_ps((__m256d)v)); }
+ARK_INLINE Vec<double> loadDoubles(const short* from)
+{
+    const __m128i v = _mm_loadl_epi64(reinterpret_cast<const __m128i_u*>(from));
+    return (Vec<double>)_mm256_cvtepi32_pd(_mm_cvtepi16_epi32(v));
+}
+#else
+ARK_INLINE Vec<double> loadDoubles(const float* from)
+{
+    const __m128i v = _mm_loadl_epi64(reinterpret_cast<const __m128i_u*>(from));
+    return (Vec<double>)_mm_cvtps_pd(_mm_castsi128_ps(v));
+}
+ARK_INLINE void storeDoubles(float* to, Vec<double> v)
+{
+    _mm_storel_epi64(reinterpret_cast<__m128i_u*>(to), _mm_castps_si128(_mm_cvtpd_ps((__m128d)v)));
+}
+ARK_INLINE Vec<double> loadDoubles(const short* from)
+{
+    int pair;
+    __builtin_memcpy(&pair, from, sizeof pair);
+    const __m128i v = _mm_cvtsi32_si128(pair);
+    return (Vec<double>)_mm_cvtepi32_pd(_mm_srai_epi32(_mm_unpacklo_epi16(v, v), 16));
+}
+#endif
+
+// Truncated toward zero, low 16 bits; 0 for what is beyond 32 bits and for what is not a number.
+ARK_INLINE void storeTruncated(short* to, Vec<double> v)
+{
+#if ARK_AVX512
+    _mm_storeu_si128(reinterpret_cast<__m128i_u*>(to), _mm256_cvtepi32_epi16(_mm512_cvttpd_epi32((__m512d)v)));
+#else
+#if ARK_AVX2
+    __m128i x = _mm256_cvttpd_epi32((__m256d)v);
+#else
+    __m128i x = _mm_cvttpd_epi32((__m128d)v);
+#endif
+    x = _mm_srai_epi32(_mm_slli_epi32(x, 16), 16);
+    x = _mm_packs_epi32(x, x);
+    __builtin_memcpy(to, &x, lanes<double> * sizeof(short));
 #endif
 }
 

@@ -5,25 +5,6 @@
 namespace ark::ARK_SET {
 namespace {
 
-// Walks n lanes from the last to the first, whole registers at a time, so that a destination that lies above its source
-// never overwrites what is still to be read. body(i) does the register whose first lane is i, bodyPart(count) the count
-// lanes that are left at the beginning.
-template <class T, class Body, class BodyPart>
-ARK_INLINE void downwards(std::ptrdiff_t n, Body body, BodyPart bodyPart)
-{
-    constexpr int width = lanes<T>;
-    for (; n >= 4 * width; n -= 4 * width) {
-        body(n - width);
-        body(n - 2 * width);
-        body(n - 3 * width);
-        body(n - 4 * width);
-    }
-    for (; n >= width; n -= width)
-        body(n - width);
-    if (n > 0)
-        bodyPart(n);
-}
-
 template <class T>
 struct Add {
     static ARK_INLINE Vec<Real<T>> apply(Vec<Real<T>> a, Vec<Real<T>> b) { return a + b; }
