@@ -258,7 +258,7 @@ ARKPX_API void arkdbIntToFloat(const void* src, double* dst, int len, int wordBi
  *
  * Thresh. relOp is ARK_LT, or ARK_GT (any other value but 0). Elements equal to the level, and those that are not
  * numbers, stay as they are. Complex elements are compared by magnitude: one that is beyond the level keeps its angle
- * and gets the level as its magnitude, to within 4 ulps; (0, 0) becomes (level, 0). v compares exactly and rounds to the
+ * and gets the level as its magnitude, to within 5 ulps; (0, 0) becomes (level, 0). v compares exactly and rounds to the
  * nearest integer. A level that is not a number limits nothing.
  *
  * InvThresh. Complex elements: conj(x) / |x|^2 for |x| > level, else conj(x) / (|x| level), and (1 / level, 0) for zero.

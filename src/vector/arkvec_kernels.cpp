@@ -248,20 +248,29 @@ void thresh(const T* src, T* dst, std::ptrdiff_t n, T level)
     eachLane(src, dst, n, [=](Vec<T> x) { return above ? smaller(bound, x) : larger(bound, x); });
 }
 
+template <class R>
+ARK_INLINE auto isInfinite(Cplx<R> z)
+{
+    return larger(magnitude<R>(z.re), magnitude<R>(z.im)) == broadcast(Format<R>::infinity);
+}
+
 template <class T, bool above>
 void complexThresh(const T* src, T* dst, std::ptrdiff_t n, Real<T> level)
 {
     using R = Real<T>;
-    const Vec<R> bound = broadcast(level), zero{};
+    const Vec<R> bound = broadcast(level), zero{}, one = broadcast(R(1)), infinity = broadcast(Format<R>::infinity);
     eachPair<R>(partsOf(src), partsOf(dst), n, [=](Cplx<R> z) {
         const Scaled<R> s = scaled(z);
         const Vec<R> scaledBound = bound * s.scale, boundNorm = scaledBound * scaledBound;
-        const auto beyond = above ? s.norm > boundNorm : s.norm < boundNorm;
-        const Vec<R> factor = bound / squareRoot(s.norm);
-        Cplx<R> moved{s.z.re * factor, s.z.im * factor};
+        const Vec<R> norm = s.norm + (isInfinite(z) ? infinity : zero); // not a number if a part is not
+        const auto beyond = above ? norm > boundNorm : norm < boundNorm;
+        const Vec<R> toUnit = one / squareRoot(s.norm);
+        // Rounding must not carry a part beyond the level, which may be the largest number.
+        const auto limited = [=](Vec<R> x) { return withSign<R>(smaller(bound, magnitude<R>(x)), x); };
+        Cplx<R> moved{limited(s.z.re * toUnit * bound), limited(s.z.im * toUnit * bound)};
         if (!above) {
-            moved.re = s.norm == zero ? bound : moved.re;
-            moved.im = s.norm == zero ? zero : moved.im;
+            moved.re = norm == zero ? bound : moved.re;
+            moved.im = norm == zero ? zero : moved.im;
         }
         return Cplx<R>{beyond ? moved.re : z.re, beyond ? moved.im : z.im};
     });
@@ -316,7 +325,7 @@ bool complexInvThresh(const T* src, T* dst, std::ptrdiff_t n, Real<T> level)
     const R up = level < 1 ? R(0x1p64) : R(1);
     const Vec<R> one = broadcast(R(1)), zero{}, bound = broadcast(level);
     const Vec<R> boundInverse = broadcast(1 / (level * up)), boundFactor = broadcast(up);
-    const Vec<R> ofZero = broadcast(level == 0 ? F::most : 1 / level), infinity = broadcast(F::infinity);
+    const Vec<R> ofZero = broadcast(level == 0 ? F::most : 1 / level);
     Vec<R> least = one;
     eachPair<R>(partsOf(src), partsOf(dst), n, [=, &least](Cplx<R> z) {
         // conj(z) / |z|^2 or conj(z) / (|z| level)
@@ -325,7 +334,7 @@ bool complexInvThresh(const T* src, T* dst, std::ptrdiff_t n, Real<T> level)
         const auto beyond = s.norm > scaledBound * scaledBound;
         const Vec<R> divisor = beyond ? s.norm : squareRoot(s.norm);
         Vec<R> factor = beyond ? s.scale : boundInverse;
-        factor = larger(magnitude<R>(z.re), magnitude<R>(z.im)) == infinity ? zero : factor;
+        factor = isInfinite(z) ? zero : factor;
         const Vec<R> secondFactor = beyond ? one : boundFactor;
         const Cplx<R> inverse{s.z.re / divisor * factor * secondFactor, -s.z.im / divisor * factor * secondFactor};
         least = smaller(s.norm, least);
