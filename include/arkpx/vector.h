@@ -1,4 +1,4 @@
-/* arkpx/vector.h - vector arithmetic and conversion between floating-point and integer vectors. */
+/* arkpx/vector.h - vector arithmetic, element-wise functions, conversion, companding. */
 #ifndef ARKPX_VECTOR_H
 #define ARKPX_VECTOR_H
 
@@ -235,6 +235,191 @@ ARKPX_API void arkdbFloatToInt(const double* src, void* dst, int len, int wordBi
 
 ARKPX_API void arksbIntToFloat(const void* src, float* dst, int len, int wordBits, int flags);
 ARKPX_API void arkdbIntToFloat(const void* src, double* dst, int len, int wordBits, int flags);
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * Element-wise functions
+ *
+ *   Sqr        x^2                                     Thresh     ARK_LT: the larger of x and level
+ *   Sqrt       the principal square root                          ARK_GT: the smaller of x and level
+ *   Abs        |x|; -32768 gives 32767                 InvThresh  1 / x for |x| > level, else 1 / level with x's sign
+ *
+ * Form 1 works in place on vec[0 ... len-1], form 2 takes src[i] and stores dst[i], which may be src itself.
+ *
+ * Sqr. Floating results are those of Mpy3 on twice the same vector. The 16-bit members take the scale mode as bits:
+ * with ARK_AUTO_SCALE set the others do not count and the factor is found and written as in the vector arithmetic;
+ * else the factor is *scaleFactor if ARK_FIXED_SCALE is set and scaleFactor is not null, and 0 if not, and results that
+ * do not fit are clamped with ARK_SATURATE, without it their low 16 bits are stored. Complex squares are exact before
+ * they are scaled: (-32768, -32768) gives 2^31, not -2^31 as in Mpy3.
+ *
+ * Sqrt. Negative elements of real vectors are copied unchanged; -0.0 is not negative. Floats are rounded correctly,
+ * 16-bit roots down. Complex roots have a real part that is not negative and an imaginary part with the sign of the
+ * element's, also where that is -0.0; infinite elements as C's csqrt has them. Parts are accurate to 0.6 ulp (c) and to
+ * 2 ulps (z) without overflow or underflow on the way, those of v are rounded to the nearest integer.
+ *
+ * Thresh. relOp is ARK_LT, or ARK_GT (any other value but 0). Elements equal to the level, and those that are not
+ * numbers, stay as they are. Complex elements are compared by magnitude: one that is beyond the level keeps its angle
+ * and gets the level as its magnitude, to within 5 ulps; (0, 0) becomes (level, 0). v compares exactly and rounds to the
+ * nearest integer. A level that is not a number limits nothing.
+ *
+ * InvThresh. Complex elements: conj(x) / |x|^2 for |x| > level, else conj(x) / (|x| level), and (1 / level, 0) for zero.
+ * With a level of 0 a zero element gives the largest finite number of its type, positive. What is not a number, element
+ * or level, gives the like.
+ *
+ * All but the magnitudes of c and z (see above) are rounded correctly, and all results are the same on all processors.
+ *
+ * Reports, each ARK_StatusBadArgument, all that fail: "len<=0"; "vec==0" (form 1) or "src==0", "dst==0" (form 2). Then
+ * the thread's status is tested: if it is negative, also from an earlier failure, nothing is written. Checks of values
+ * follow, each with a line number of its own:
+ *   Sqr, w and v     "scaleFactor==0"                         null with ARK_AUTO_SCALE; nothing is written
+ *   Thresh, c z v    "thresh<0.0f", "thresh<0.0", "thresh<0"  nothing is written
+ *   InvThresh        "thresh<0.0f" (s, c, z form 2), "thresh<0.0" (d, z form 1); nothing is written
+ *   InvThresh        "zero element and zero thresh"           once, after all results are written
+ *   Sqrt, s d w      "Element of input vector is negative"    once, after all results are written
+ * Levels of -0.0 and levels that are not numbers are not negative. Module arkvec. Allocates: never.
+ * --------------------------------------------------------------------------------------------------------------- */
+enum {
+    ARK_LT = 0, /* limits from below */
+    ARK_GT = 1  /* limits from above */
+};
+
+ARKPX_API void arksbSqr1(float* vec, int len);
+ARKPX_API void arkdbSqr1(double* vec, int len);
+ARKPX_API void arkcbSqr1(FloatCplx* vec, int len);
+ARKPX_API void arkzbSqr1(DoubleCplx* vec, int len);
+ARKPX_API void arkwbSqr1(short* vec, int len, int scaleMode, int* scaleFactor);
+ARKPX_API void arkvbSqr1(ShortCplx* vec, int len, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arksbSqr2(const float* src, float* dst, int len);
+ARKPX_API void arkdbSqr2(const double* src, double* dst, int len);
+ARKPX_API void arkcbSqr2(const FloatCplx* src, FloatCplx* dst, int len);
+ARKPX_API void arkzbSqr2(const DoubleCplx* src, DoubleCplx* dst, int len);
+ARKPX_API void arkwbSqr2(const short* src, short* dst, int len, int scaleMode, int* scaleFactor);
+ARKPX_API void arkvbSqr2(const ShortCplx* src, ShortCplx* dst, int len, int scaleMode, int* scaleFactor);
+
+ARKPX_API void arksbSqrt1(float* vec, int len);
+ARKPX_API void arkdbSqrt1(double* vec, int len);
+ARKPX_API void arkcbSqrt1(FloatCplx* vec, int len);
+ARKPX_API void arkzbSqrt1(DoubleCplx* vec, int len);
+ARKPX_API void arkwbSqrt1(short* vec, int len);
+ARKPX_API void arkvbSqrt1(ShortCplx* vec, int len);
+
+ARKPX_API void arksbSqrt2(const float* src, float* dst, int len);
+ARKPX_API void arkdbSqrt2(const double* src, double* dst, int len);
+ARKPX_API void arkcbSqrt2(const FloatCplx* src, FloatCplx* dst, int len);
+ARKPX_API void arkzbSqrt2(const DoubleCplx* src, DoubleCplx* dst, int len);
+ARKPX_API void arkwbSqrt2(const short* src, short* dst, int len);
+ARKPX_API void arkvbSqrt2(const ShortCplx* src, ShortCplx* dst, int len);
+
+ARKPX_API void arksbAbs1(float* vec, int len);
+ARKPX_API void arkdbAbs1(double* vec, int len);
+ARKPX_API void arkwbAbs1(short* vec, int len);
+
+ARKPX_API void arksbAbs2(const float* src, float* dst, int len);
+ARKPX_API void arkdbAbs2(const double* src, double* dst, int len);
+ARKPX_API void arkwbAbs2(const short* src, short* dst, int len);
+
+ARKPX_API void arksbThresh1(float* vec, int len, float level, int relOp);
+ARKPX_API void arkdbThresh1(double* vec, int len, double level, int relOp);
+ARKPX_API void arkcbThresh1(FloatCplx* vec, int len, float level, int relOp);
+ARKPX_API void arkzbThresh1(DoubleCplx* vec, int len, double level, int relOp);
+ARKPX_API void arkwbThresh1(short* vec, int len, short level, int relOp);
+ARKPX_API void arkvbThresh1(ShortCplx* vec, int len, short level, int relOp);
+
+ARKPX_API void arksbThresh2(const float* src, float* dst, int len, float level, int relOp);
+ARKPX_API void arkdbThresh2(const double* src, double* dst, int len, double level, int relOp);
+ARKPX_API void arkcbThresh2(const FloatCplx* src, FloatCplx* dst, int len, float level, int relOp);
+ARKPX_API void arkzbThresh2(const DoubleCplx* src, DoubleCplx* dst, int len, double level, int relOp);
+ARKPX_API void arkwbThresh2(const short* src, short* dst, int len, short level, int relOp);
+ARKPX_API void arkvbThresh2(const ShortCplx* src, ShortCplx* dst, int len, short level, int relOp);
+
+ARKPX_API void arksbInvThresh1(float* vec, int len, float level);
+ARKPX_API void arkdbInvThresh1(double* vec, int len, double level);
+ARKPX_API void arkcbInvThresh1(FloatCplx* vec, int len, float level);
+ARKPX_API void arkzbInvThresh1(DoubleCplx* vec, int len, double level);
+
+ARKPX_API void arksbInvThresh2(const float* src, float* dst, int len, float level);
+ARKPX_API void arkdbInvThresh2(const double* src, double* dst, int len, double level);
+ARKPX_API void arkcbInvThresh2(const FloatCplx* src, FloatCplx* dst, int len, float level);
+ARKPX_API void arkzbInvThresh2(const DoubleCplx* src, DoubleCplx* dst, int len, double level);
+/* ---------------------------------------------------------------------------------------------------------------
+ * Logarithm and exponential
+ *
+ *   Ln  the natural logarithm            Exp  e^x
+ *
+ * Form 1 works in place on vec[0 ... len-1], form 2 takes src[i] and stores dst[i], which may be src itself.
+ *
+ * s and d are accurate to 1 ulp (measured: LNEXPMEASURED), over the whole range
+ * with denormal arguments and results; the last bit may differ from one processor's instruction set to another's. Zeros
+ * have the logarithm minus infinity, negative numbers one that is not a number, without a report; infinities and what is
+ * not a number go through as in C's log and exp. Polynomials: see src/vector/arklnexp_kernels.cpp.
+ *
+ * w: Ln rounds down, and gives 0 for x < 3, also for zero and negative x; Exp rounds to nearest, and gives 32767 from
+ * x = 11 on and 0 for negative x.
+ *
+ * Reports, each ARK_StatusBadArgument, all that fail: "len<=0"; "vec==0" (form 1) or "src==0", "dst==0" (form 2); w
+ * says "Len<=0" and for each null pointer "Vector==0". Then the thread's status is tested: if it is negative, also from
+ * an earlier failure, nothing is written. Modules arklnexp (s, d) and arklnexw (w). Allocates: never.
+ * --------------------------------------------------------------------------------------------------------------- */
+ARKPX_API void arksbLn1(float* vec, int len);
+ARKPX_API void arkdbLn1(double* vec, int len);
+ARKPX_API void arkwbLn1(short* vec, int len);
+
+ARKPX_API void arksbLn2(const float* src, float* dst, int len);
+ARKPX_API void arkdbLn2(const double* src, double* dst, int len);
+ARKPX_API void arkwbLn2(const short* src, short* dst, int len);
+
+ARKPX_API void arksbExp1(float* vec, int len);
+ARKPX_API void arkdbExp1(double* vec, int len);
+ARKPX_API void arkwbExp1(short* vec, int len);
+
+ARKPX_API void arksbExp2(const float* src, float* dst, int len);
+ARKPX_API void arkdbExp2(const double* src, double* dst, int len);
+ARKPX_API void arkwbExp2(const short* src, short* dst, int len);
+/* ---------------------------------------------------------------------------------------------------------------
+ * A-law and mu-law companding
+ *
+ * Between linear samples and the 8-bit codes of ITU-T G.711, and between the two laws. Bit 7 of a code is the sign, set
+ * for positive values, bits 6 ... 4 are the segment, bits 3 ... 0 the step in it. Mu-law codes are those of G.711, with
+ * segment and step inverted; A-law codes come without the inversion of every other bit: a code here is the G.711 code
+ * exclusive-or 0x55.
+ *
+ * Linear samples are scaled to full range: w as they are, i by their upper 16 bits (of the magnitude: toward zero), s
+ * and d as fractions, 1.0 for 32768. Encoding: a magnitude m, truncated to an integer, gets
+ *   A-law   the first segment s whose bound 2^(s+8) - 1 is not below m, and step (m >> max(s + 3, 4)) & 15;
+ *   mu-law  the first segment s whose bound 2^(s+8) - 132 is not below m, and step 15 - ((bound - m) >> (s + 3)).
+ * Magnitudes above the last bound get its code, and so does infinity; what is not a number is encoded like the most
+ * negative sample. Decoding gives the middle of the step, at most 32256 (A-law) and 32124 (mu-law) in magnitude: w as
+ * it is, i times 65536, s and d divided by 32768. Mu-law 127 and 255 decode to 0, which is encoded as 255.
+ *
+ * MuLawToALaw and ALawToMuLaw go by tables of their own, which do not always name the code nearest to the decoded value.
+ *
+ * Lengths: len elements in src and in dst. In place: only between the two laws; otherwise src and dst are apart.
+ *
+ * Reports, each ARK_StatusBadArgument, all that fail, in this order: "len<=0", "src==0", "dst==0". Then the thread's
+ * status is tested: if it is negative, also from an earlier failure, nothing is written. Module arklaw. Allocates: never.
+ * --------------------------------------------------------------------------------------------------------------- */
+ARKPX_API void arkwbLinToALaw(const short* src, unsigned char* dst, int len);
+ARKPX_API void arkibLinToALaw(const int* src, unsigned char* dst, int len);
+ARKPX_API void arksbLinToALaw(const float* src, unsigned char* dst, int len);
+ARKPX_API void arkdbLinToALaw(const double* src, unsigned char* dst, int len);
+
+ARKPX_API void arkwbALawToLin(const unsigned char* src, short* dst, int len);
+ARKPX_API void arkibALawToLin(const unsigned char* src, int* dst, int len);
+ARKPX_API void arksbALawToLin(const unsigned char* src, float* dst, int len);
+ARKPX_API void arkdbALawToLin(const unsigned char* src, double* dst, int len);
+
+ARKPX_API void arkwbLinToMuLaw(const short* src, unsigned char* dst, int len);
+ARKPX_API void arkibLinToMuLaw(const int* src, unsigned char* dst, int len);
+ARKPX_API void arksbLinToMuLaw(const float* src, unsigned char* dst, int len);
+ARKPX_API void arkdbLinToMuLaw(const double* src, unsigned char* dst, int len);
+
+ARKPX_API void arkwbMuLawToLin(const unsigned char* src, short* dst, int len);
+ARKPX_API void arkibMuLawToLin(const unsigned char* src, int* dst, int len);
+ARKPX_API void arksbMuLawToLin(const unsigned char* src, float* dst, int len);
+ARKPX_API void arkdbMuLawToLin(const unsigned char* src, double* dst, int len);
+
+ARKPX_API void arkMuLawToALaw(const unsigned char* src, unsigned char* dst, int len);
+ARKPX_API void arkALawToMuLaw(const unsigned char* src, unsigned char* dst, int len);
 
 #ifdef __cplusplus
 }

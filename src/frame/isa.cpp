@@ -14,6 +14,14 @@ extern const ConjKernels<ShortCplx> conjV;
 extern const ShortArithKernels arithW;
 extern const ConvertKernels<float> convertS;
 extern const ConvertKernels<double> convertD;
+extern const LawKernels<short> lawW;
+extern const LawKernels<int> lawI;
+extern const LawKernels<float> lawS;
+extern const LawKernels<double> lawD;
+extern const LnExpKernels<float> lnExpS;
+extern const LnExpKernels<double> lnExpD;
+extern const LnExpKernels<short> lnExpW;
+extern const VecKernels vec;
 extern const ToneKernels<float> toneS;
 extern const ToneKernels<double> toneD;
 extern const ToneKernels<FloatCplx> toneC;
@@ -61,6 +69,9 @@ constinit const Kernels kernels{
     {toneS}, {toneD}, {toneC}, {toneZ},
     {gaussS}, {gaussD},
     {windowS}, {windowD}, {windowC}, {windowZ}, {windowW}, {windowV},
+    {lawW}, {lawI}, {lawS}, {lawD},
+    {lnExpS}, {lnExpD}, {lnExpW},
+    {vec},
 };
 // clang-format on
 

@@ -23,6 +23,9 @@
 #include "vector/arkarith_kernels.hpp"
 #include "vector/arkaritw_kernels.hpp"
 #include "vector/arkcvrt_kernels.hpp"
+#include "vector/arklaw_kernels.hpp"
+#include "vector/arklnexp_kernels.hpp"
+#include "vector/arkvec_kernels.hpp"
 
 namespace ark {
 
@@ -73,7 +76,15 @@ struct Kernels : KernelSlot<FillKernels>,
                  KernelSlot<WindowKernels<FloatCplx>>,
                  KernelSlot<WindowKernels<DoubleCplx>>,
                  KernelSlot<WindowKernels<short>>,
-                 KernelSlot<WindowKernels<ShortCplx>> {};
+                 KernelSlot<WindowKernels<ShortCplx>>,
+                 KernelSlot<LawKernels<short>>,
+                 KernelSlot<LawKernels<int>>,
+                 KernelSlot<LawKernels<float>>,
+                 KernelSlot<LawKernels<double>>,
+                 KernelSlot<LnExpKernels<float>>,
+                 KernelSlot<LnExpKernels<double>>,
+                 KernelSlot<LnExpKernels<short>>,
+                 KernelSlot<VecKernels> {};
 
 namespace sse2 {
 extern const Kernels kernels;

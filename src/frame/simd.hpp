@@ -208,6 +208,15 @@ ARK_INLINE void downwards(const T* dst, std::ptrdiff_t n, Body body)
         body(0, Part{n});
 }
 
+// dst[i] = f(src[i]) for n lanes, from the last to the first. Where a part of a register is left, f sees zeros behind
+// it.
+template <class T, class Function>
+ARK_INLINE void eachLane(const T* src, T* dst, std::ptrdiff_t n, Function f)
+{
+    downwards<lanes<T>, 1, true>(dst, n,
+                                 [=](std::ptrdiff_t i, auto reach) { store(dst + i, f(load(src + i, reach)), reach); });
+}
+
 // ---- constants and permutations ----
 
 template <class T, std::size_t... i>
@@ -335,7 +344,25 @@ ARK_INLINE Vec<double> larger(Vec<double> a, Vec<double> b) { return (Vec<double
 ARK_INLINE Vec<float> smaller(Vec<float> a, Vec<float> b) { return (Vec<float>)ARK_MM(min_ps)(a, b); }
 ARK_INLINE Vec<double> smaller(Vec<double> a, Vec<double> b) { return (Vec<double>)ARK_MM(min_pd)(a, b); }
 
+ARK_INLINE Vec<short> larger(Vec<short> a, Vec<short> b) { return (Vec<short>)ARK_MM(max_epi16)((Bits)a, (Bits)b); }
+ARK_INLINE Vec<short> smaller(Vec<short> a, Vec<short> b) { return (Vec<short>)ARK_MM(min_epi16)((Bits)a, (Bits)b); }
+
 ARK_INLINE Vec<double> squareRoot(Vec<double> x) { return (Vec<double>)ARK_MM(sqrt_pd)(x); }
+ARK_INLINE Vec<float> squareRoot(Vec<float> x) { return (Vec<float>)ARK_MM(sqrt_ps)(x); }
+
+// a * b + c: rounded once where the set has the instruction, else twice.
+template <class T>
+ARK_INLINE Vec<T> multiplyAdd(Vec<T> a, Vec<T> b, Vec<T> c)
+{
+#if ARK_AVX512 || ARK_AVX2
+    if constexpr (sizeof(T) == 4)
+        return (Vec<T>)ARK_MM(fmadd_ps)(a, b, c);
+    else
+        return (Vec<T>)ARK_MM(fmadd_pd)(a, b, c);
+#else
+    return a * b + c;
+#endif
+}
 
 // Rounds to an integral value. direction is the processor's code: 0 to nearest even, 1 down, 2 up, 3 toward zero.
 #if ARK_AVX512

@@ -124,4 +124,42 @@ TEST(FilterHeap, FilteringAllocatesNothing)
     arkLmsFree(&lms);
 }
 
+TEST(FilterHeap, IirObjectsFailToBeMade)
+{
+    const FloatCplx taps[6] = {{1, 0}, {1, 0}, {1, 0}, {1, 0}, {1, 0}, {1, 0}};
+    for (int blocks = 0; blocks < 2; blocks++) {
+        IirState state{};
+        arkSetErrMode(ARK_ErrModeSilent);
+        {
+            const EmptyHeap empty{blocks};
+            arkcIirInitBq(0, taps, 1, &state);
+        }
+        EXPECT_EQ(state.initMarker, 0);
+        EXPECT_EQ(arkGetErrStatus(), ARK_StatusOutOfMemory);
+        arkSetErrStatus(ARK_StatusOk);
+        arkSetErrMode(ARK_ErrModeLeaf);
+    }
+}
+
+TEST(FilterHeap, IirFiltersNeedNoMemory)
+{
+    const float taps[6] = {1, 0.5f, 0.25f, 1, 0.25f, 0.125f};
+    IirState cascade{}, direct{};
+    arkwIirInitBq(0, taps, 1, &cascade);
+    arksIirInit(0, taps, 2, &direct);
+    std::vector<float> x(3000, 1.0f);
+    std::vector<short> w(3000, 10000);
+    int factor = 0;
+    Reports reports;
+    {
+        const EmptyHeap empty{0};
+        arksbIir(&direct, x.data(), x.data(), 3000);
+        arkwbIir(&cascade, w.data(), w.data(), 3000, ARK_AUTO_SCALE, &factor);
+    }
+    EXPECT_TRUE(reports.take().empty());
+    EXPECT_GT(w[2999], 12000); // 10000 1.75/1.375
+    arkIirFree(&cascade);
+    arkIirFree(&direct);
+}
+
 } // namespace
