@@ -252,7 +252,7 @@ ARK_INLINE V permute(V v)
 {
     // With SSE2 only the permutation of integers spares a copy.
     if constexpr (sizeof(V) == 16 && sizeof(v[0]) == 4)
-        return (V)permuteIn<source>((Vec<int>)v, std::make_index_sequence<lanesOf<V>>{});
+        return (V)permuteIn<source>((__v4si)v, std::make_index_sequence<lanesOf<V>>{});
     return permuteIn<source>(v, std::make_index_sequence<lanesOf<V>>{});
 }
 

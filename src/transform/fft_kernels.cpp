@@ -4,16 +4,16 @@
 //
 //   X[k + M q] = sum over l of  w_W^(l q)  w_N^(l k)  Y_l[k],      Y_l[k] = sum over n of w_M^(n k) x[W n + l]
 //
-// with w_N = e^(-2 pi i / N). The rows pass: the transforms Y_l run in all lanes at once, Stockham passes of radix 4 and 8
-// over the rows, with twiddles that are the same for all lanes. The lanes pass: for W rows k at a time the twiddles
-// w_N^(l k), a transposition, and the transform over l as radix 2 and radix W / 2, whose results are whole registers of
-// neighbouring k. Between passes a row is W real parts and then W imaginary parts.
+// with w_N = e^(-2 pi i / N). The rows pass: the transforms Y_l run in all lanes at once, Stockham passes of radix 4
+// and 8 over the rows, with twiddles that are the same for all lanes. The lanes pass: for W rows k at a time the
+// twiddles w_N^(l k), a transposition, and the transform over l as radix 2 and radix W / 2, whose results are whole
+// registers of neighbouring k. Between passes a row is W real parts and then W imaginary parts.
 //
 // The order of lanes that a deinterleaving inside blocks of 128 bits gives is l = W/2 p1 + 2 b + p0 for floats (b the
 // block, p1 p0 the place in it) and l = W/2 p + b for doubles; it is kept throughout: the first factor of the transform
 // over l is the radix 2 over p1 or p, and the table of the lanes pass is in that order.
-#include "frame/kernels.hpp"
 #include "transform/fft_kernels.hpp"
+#include "frame/kernels.hpp"
 #include "frame/simd.hpp"
 
 namespace ark::ARK_SET {
@@ -177,7 +177,8 @@ ARK_INLINE void butterfly(Cplx<V> (&x)[8])
     butterfly(even);
     // The odd results: the differences times w_8^n.
     const V h = V{} + halfRoot<V>;
-    Cplx<V> odd[4] = {d0, {(d1.re + d1.im) * h, (d1.im - d1.re) * h}, timesMinusI(d2), {(d3.im - d3.re) * h, -(d3.re + d3.im) * h}};
+    Cplx<V> odd[4] = {
+        d0, {(d1.re + d1.im) * h, (d1.im - d1.re) * h}, timesMinusI(d2), {(d3.im - d3.re) * h, -(d3.re + d3.im) * h}};
     butterfly(odd);
     ARK_UNROLL
     for (int i = 0; i < 4; i++) {
@@ -334,10 +335,10 @@ struct Plan {
     }
 };
 
-// A pass of radix r over transforms of length n, s of them one after another, in place: butterflies of the rows p + t n/r
-// for every p = 0 ... n/r - 1, whose result j is multiplied by w_n^(j p). The table has r - 1 factors for every p. From
-// natural order to bit-reversed order; or, with the passes in the opposite order and the factors before the butterfly,
-// from bit-reversed order to natural order.
+// A pass of radix r over transforms of length n, s of them one after another, in place: butterflies of the rows p + t
+// n/r for every p = 0 ... n/r - 1, whose result j is multiplied by w_n^(j p). The table has r - 1 factors for every p.
+// From natural order to bit-reversed order; or, with the passes in the opposite order and the factors before the
+// butterfly, from bit-reversed order to natural order.
 template <class R, int W, int radix, bool toReversed, class Source, class Target>
 ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, const R* table)
 {
@@ -353,8 +354,8 @@ ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std:
                 x[toReversed ? t : reversed(t, radix)] = source(block + p + t * apart);
             if (!toReversed && apart > 1)
                 ARK_UNROLL
-                for (int j = 1; j < radix; j++)
-                    x[j] = x[j] * factor(j);
+            for (int j = 1; j < radix; j++)
+                x[j] = x[j] * factor(j);
             butterfly(x);
             ARK_UNROLL
             for (int j = 0; j < radix; j++)
@@ -498,8 +499,8 @@ struct LaneConstants {
     ARK_INLINE Cplx<Reg<R, W>> stages() const { return half(halfFactors); }
 };
 
-// W rows k on their way to natural order, between the two halves of lanesToNatural: [q1][p0][group], W real and W imaginary
-// parts. Registers would not hold them.
+// W rows k on their way to natural order, between the two halves of lanesToNatural: [q1][p0][group], W real and W
+// imaginary parts. Registers would not hold them.
 template <class R, int W>
 struct Tile {
     static constexpr int P = int(16 / sizeof(R)), B = W / P, half = P / 2;
@@ -629,8 +630,8 @@ ARK_INLINE void twoLaneStages(Cplx<Reg<R, W>> (&x)[count])
     laneStage<R, W, toReversed ? distance / 2 : distance>(x);
 }
 
-// The transform over the lanes of registers: natural order in and bit-reversed order out, or the opposite. Four at a time
-// go through every stage together; one alone would wait for each of its results.
+// The transform over the lanes of registers: natural order in and bit-reversed order out, or the opposite. Four at a
+// time go through every stage together; one alone would wait for each of its results.
 template <class R, int W, bool toReversed, int count>
 ARK_INLINE void transformLanes(Cplx<Reg<R, W>> (&x)[count], LaneConstants<R, W> constants)
 {
@@ -671,14 +672,14 @@ ARK_INLINE void transformLanes(Cplx<Reg<R, W>> (&x)[count], LaneConstants<R, W> 
 
 // ---- tables ----
 
-template <class Wide>
+template <class Fine>
 struct Root {
-    Wide re, im;
+    Fine re, im;
 };
 
 // e^(-2 pi i a / 2^order) by an angle of at most an eighth of the circle.
-template <class Wide>
-Root<Wide> rootOf(std::size_t a, int order)
+template <class Fine>
+Root<Fine> rootOf(std::size_t a, int order)
 {
     constexpr long double pi = 3.14159265358979323846264338327950288L;
     const std::size_t N = std::size_t(1) << order;
@@ -686,10 +687,14 @@ Root<Wide> rootOf(std::size_t a, int order)
     const int octant = int(octants >> order);
     // The distance to the nearer of the axes, in units of 1/N.
     const std::size_t quarter = N / 4;
-    Root<Wide> r;
-    const auto angle = [&](std::size_t steps) { return Wide(2) * Wide(pi) * Wide(steps) / Wide(N); };
-    const auto sine = [](Wide x) { return sizeof(Wide) == 8 ? Wide(__builtin_sin(double(x))) : Wide(__builtin_sinl(x)); };
-    const auto cosine = [](Wide x) { return sizeof(Wide) == 8 ? Wide(__builtin_cos(double(x))) : Wide(__builtin_cosl(x)); };
+    Root<Fine> r;
+    const auto angle = [&](std::size_t steps) { return Fine(2) * Fine(pi) * Fine(steps) / Fine(N); };
+    const auto sine = [](Fine x) {
+        return sizeof(Fine) == 8 ? Fine(__builtin_sin(double(x))) : Fine(__builtin_sinl(x));
+    };
+    const auto cosine = [](Fine x) {
+        return sizeof(Fine) == 8 ? Fine(__builtin_cos(double(x))) : Fine(__builtin_cosl(x));
+    };
     switch (octant) {
     case 0: r = {cosine(angle(a)), -sine(angle(a))}; break;
     case 1: r = {sine(angle(quarter - a)), -cosine(angle(quarter - a))}; break;
@@ -722,22 +727,22 @@ public:
     explicit Roots(int order) : fineBits_{(order + 1) / 2}
     {
         for (std::size_t i = 0; i < std::size_t(1) << fineBits_; i++)
-            fine_[i] = rootOf<Wide>(i, order);
+            fine_[i] = rootOf<Fine>(i, order);
         for (std::size_t i = 0; i < std::size_t(1) << (order - fineBits_); i++)
-            coarse_[i] = rootOf<Wide>(i << fineBits_, order);
+            coarse_[i] = rootOf<Fine>(i << fineBits_, order);
     }
     ARK_INLINE void get(std::size_t a, R& re, R& im) const
     {
-        const Root<Wide> c = coarse_[a >> fineBits_], f = fine_[a & ((std::size_t(1) << fineBits_) - 1)];
+        const Root<Fine> c = coarse_[a >> fineBits_], f = fine_[a & ((std::size_t(1) << fineBits_) - 1)];
         re = R(c.re * f.re - c.im * f.im);
         im = R(c.re * f.im + c.im * f.re);
     }
 
 private:
-    using Wide = typename WiderThan<R>::Type;
+    using Fine = typename WiderThan<R>::Type;
 
     int fineBits_;
-    Root<Wide> fine_[1024], coarse_[1024];
+    Root<Fine> fine_[1024], coarse_[1024];
 };
 
 template <class R>
@@ -763,17 +768,17 @@ ARK_INLINE int widthFor(int order)
     return 0;
 }
 
-// From this order on the vector is a matrix: columns, whose rows are far apart, are transformed W at a time, and then its
-// rows, or the opposite. What is transformed at a time stays in the cache, and the tables are short.
+// From this order on the vector is a matrix: columns, whose rows are far apart, are transformed W at a time, and then
+// its rows, or the opposite. What is transformed at a time stays in the cache, and the tables are short.
 constexpr int matrixFrom = 17;
 
 // What stands at the beginning of the table of one order, and where the rest of it stands, in reals from there.
 template <class R>
 struct Head {
     int order, W;
-    Plan plan, restPlan;         // of the rows, or of the columns and the rest of a matrix: N = 2^(plan.m + restPlan.m)
-    std::ptrdiff_t rows, lanes, constants;                    // rows' tables, w_N^(k l), LaneConstants
-    std::ptrdiff_t restRows, powers, fine, coarse, inner;     // of matrices: see MatrixFactors; the table of the rest
+    Plan plan, restPlan; // of the rows, or of the columns and the rest of a matrix: N = 2^(plan.m + restPlan.m)
+    std::ptrdiff_t rows, lanes, constants;                // rows' tables, w_N^(k l), LaneConstants
+    std::ptrdiff_t restRows, powers, fine, coarse, inner; // of matrices: see MatrixFactors; the table of the rest
     std::ptrdiff_t size;
 
     static Head of(int order)
@@ -819,15 +824,15 @@ void fillShortTable(const Head<R>& head, R* table)
     R* at = table + head.lanes;
     for (std::size_t k = 0; k < std::size_t{1} << head.plan.m; k++, at += 2 * W)
         ARK_UNROLL
-        for (int lane = 0; lane < W; lane++)
-            roots.get(k * element(lane), at[lane], at[W + lane]);
+    for (int lane = 0; lane < W; lane++)
+        roots.get(k * element(lane), at[lane], at[W + lane]);
     // LaneConstants: powers of w_W, in the steps of this order's roots.
     at = table + head.constants;
     const std::size_t unit = std::size_t{1} << head.plan.m;
     for (int p = 0; p < P / 2; p++, at += 2 * W)
         ARK_UNROLL
-        for (int lane = 0; lane < W; lane++)
-            roots.get(unit * std::size_t(lane / P * (P / 2) + p), at[lane], at[W + lane]);
+    for (int lane = 0; lane < W; lane++)
+        roots.get(unit * std::size_t(lane / P * (P / 2) + p), at[lane], at[W + lane]);
     for (int lane = 0; lane < W; lane++) {
         // w_W^(u1 e0) w_(W/2)^(u2 e0), u1 and u2 the upper bits of the element and e0 the others
         const std::size_t e = element(lane), quarter = std::size_t(W) / 4, e0 = quarter > 1 ? e % quarter : 0;
@@ -838,20 +843,20 @@ void fillShortTable(const Head<R>& head, R* table)
 template <class R>
 void fillMatrixTable(const Head<R>& head, R* table)
 {
-    using Wide = typename WiderThan<R>::Type;
+    using Fine = typename WiderThan<R>::Type;
     fillRowsTable(head.plan, table + head.rows);
     fillRowsTable(head.restPlan, table + head.restRows);
     R *powers = table + head.powers, *fine = table + head.fine, *coarse = table + head.coarse;
     for (std::size_t a = 0; a < std::size_t{1} << head.restPlan.m; a++) {
-        const Root<Wide> root = rootOf<Wide>(a, head.order);
+        const Root<Fine> root = rootOf<Fine>(a, head.order);
         fine[2 * a] = R(root.re);
         fine[2 * a + 1] = R(root.im);
     }
     for (std::size_t k = 0; k < std::size_t{1} << head.plan.m; k++) {
-        const Root<Wide> step = rootOf<Wide>(k << head.restPlan.m, head.order), root = rootOf<Wide>(k, head.order);
+        const Root<Fine> step = rootOf<Fine>(k << head.restPlan.m, head.order), root = rootOf<Fine>(k, head.order);
         coarse[2 * k] = R(step.re);
         coarse[2 * k + 1] = R(step.im);
-        Root<Wide> power{1, 0};
+        Root<Fine> power{1, 0};
         for (int l = 0; l < head.W; l++) {
             const int lane = int(16 / sizeof(R)) == 4 ? laneOf<4>(l, head.W) : laneOf<2>(l, head.W);
             R* const of = powers + k * std::size_t(2 * head.W);
@@ -1047,7 +1052,8 @@ ARK_INLINE void lanesThenRows(Source source, Target target, std::ptrdiff_t M, co
     }
 }
 
-// The two bit-reversed orders work in place in dst; row r holds what stands at r W. The vector may begin at element first.
+// The two bit-reversed orders work in place in dst; row r holds what stands at r W. The vector may begin at element
+// first.
 template <class R, int W, Form form>
 void shortToReversed(const Job<R>& job, std::ptrdiff_t first)
 {
@@ -1062,9 +1068,8 @@ void shortToReversed(const Job<R>& job, std::ptrdiff_t first)
     const R* const factors = job.table + head.lanes;
     const InnerSource<R, W> source{rows};
     withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
-        withRadix(head.plan.log2Radix[head.plan.passes - 1], [&]<int radix>(Index<radix>) {
-            rowsThenLanes<R, W, radix>(source, target, M, factors, constants);
-        });
+        withRadix(head.plan.log2Radix[head.plan.passes - 1],
+                  [&]<int radix>(Index<radix>) { rowsThenLanes<R, W, radix>(source, target, M, factors, constants); });
     });
 }
 
@@ -1080,9 +1085,8 @@ void shortFromReversed(const Job<R>& job, std::ptrdiff_t first)
     const R* const factors = job.table + head.lanes;
     const OuterSource<R, W, form> source{job.src, first, W};
     const InnerTarget<R, W> inner{rows};
-    withRadix(head.plan.log2Radix[head.plan.passes - 1], [&]<int radix>(Index<radix>) {
-        lanesThenRows<R, W, radix>(source, inner, M, factors, constants);
-    });
+    withRadix(head.plan.log2Radix[head.plan.passes - 1],
+              [&]<int radix>(Index<radix>) { lanesThenRows<R, W, radix>(source, inner, M, factors, constants); });
     withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
         transformRowsFromReversed<R, W>(head.plan, head.plan.passes - 1, rows, target, job.table + head.rows);
     });
@@ -1095,10 +1099,11 @@ struct MatrixFactors {
     int fineBits;
 
     explicit MatrixFactors(const Job<R>& job)
-        : powers{job.table + job.head().powers}, fine{job.table + job.head().fine},
-          coarse{job.table + job.head().coarse}, fineBits{job.head().restPlan.m}
-    {
-    }
+        : powers{job.table + job.head().powers},
+          fine{job.table + job.head().fine},
+          coarse{job.table + job.head().coarse},
+          fineBits{job.head().restPlan.m}
+    {}
     ARK_INLINE Cplx<Reg<R, W>> operator()(std::ptrdiff_t k, std::ptrdiff_t c) const
     {
         const std::ptrdiff_t a = k * c;
@@ -1115,8 +1120,8 @@ ARK_INLINE void multiplyRows(Source source, Target target, std::ptrdiff_t count,
 {
     for (std::ptrdiff_t row = 0, next = 0; row < count; row += 4, next = nextReversed(next, count / 4))
         ARK_UNROLL
-        for (int i = 0; i < 4; i++)
-            target(row + i, source(row + i) * factors(next + reversed(i, 4) * (count / 4), c));
+    for (int i = 0; i < 4; i++)
+        target(row + i, source(row + i) * factors(next + reversed(i, 4) * (count / 4), c));
 }
 
 // W rows transposed: register i then has lane i of all of them.
@@ -1145,8 +1150,8 @@ ARK_INLINE void transpose(V* x)
     }
 }
 
-// With N = N1 N2, n = N2 n1 + n2 and k = k1 + N1 k2: the columns, over n1; the factors w_N^(n2 k1); a transposition into
-// the scratch, which makes k1 the lanes; the rows, over n2.
+// With N = N1 N2, n = N2 n1 + n2 and k = k1 + N1 k2: the columns, over n1; the factors w_N^(n2 k1); a transposition
+// into the scratch, which makes k1 the lanes; the rows, over n2.
 template <class R, int W, Form form>
 void matrixToNatural(const Job<R>& job)
 {
@@ -1304,7 +1309,8 @@ template <class R, FftOrder fftOrder>
 constexpr typename FftKernels<R>::Directions pairs{transform<R, forwardPairs, fftOrder>,
                                                    transform<R, inversePairs, fftOrder>};
 template <class R, FftOrder fftOrder>
-constexpr typename FftKernels<R>::Directions separated{transform<R, separateParts, fftOrder>, inverseOfParts<R, fftOrder>};
+constexpr
+    typename FftKernels<R>::Directions separated{transform<R, separateParts, fftOrder>, inverseOfParts<R, fftOrder>};
 
 template <class R>
 constexpr FftKernels<R> fftTable{

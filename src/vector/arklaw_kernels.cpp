@@ -23,25 +23,27 @@ ARK_INLINE Vec<int> magnitudeOf(Vec<int> x)
     return subWrapping(x ^ negative, negative);
 }
 
-ARK_INLINE Sample sample(const short* from)
+template <class Reach>
+ARK_INLINE Sample sample(const short* from, Reach reach)
 {
-    const Vec<int> x = loadAsInts(from);
+    const Vec<int> x = loadInts(from, reach);
     return {magnitudeOf(x), x >> 31};
 }
-ARK_INLINE Sample sample(const int* from)
+template <class Reach>
+ARK_INLINE Sample sample(const int* from, Reach reach)
 {
-    const Vec<int> x = loadAsInts(from);
+    const Vec<int> x = loadInts(from, reach);
     return {(Vec<int>)((Vec<unsigned>)magnitudeOf(x) >> 16), x >> 31};
 }
-template <class Real>
-ARK_INLINE Sample sample(const Real* from)
+template <class Real, class Reach>
+ARK_INLINE Sample sample(const Real* from, Reach reach)
 {
     // Bounds in the extreme steps of both laws; what is not a number counts as the lower one.
     const Vec<Real> most = broadcast(Real(32767)), full = broadcast(Real(32768));
-    Lanes32<Real> scaled = loadLanes32(from);
+    Lanes32<Real> scaled = loadLanes32(from, reach);
     for (Vec<Real>& part : scaled.part)
         part = smaller(larger(part * full, -most), most);
-    const Vec<int> x = truncateToInts(scaled);
+    const Vec<int> x = roundToInts<3>(scaled);
     return {magnitudeOf(x), x >> 31};
 }
 
@@ -83,52 +85,58 @@ struct MuLaw {
     static ARK_INLINE Vec<unsigned> offset(Vec<unsigned>) { return (Vec<unsigned>)broadcast(132.0f); }
 };
 
-// f(from, to) for every step elements, and once more for copies of those that are left.
-template <class From, class To, class Function>
-ARK_INLINE void inSteps(const From* src, To* dst, std::ptrdiff_t n, Function f)
+// body(i, reach) for every step elements and for those that are left.
+template <class Body>
+ARK_INLINE void inSteps(std::ptrdiff_t n, Body body)
 {
     std::ptrdiff_t i = 0;
     for (; i + step <= n; i += step)
-        f(src + i, dst + i);
-    if (i < n) {
-        From from[step] = {};
-        To to[step];
-        __builtin_memcpy(from, src + i, std::size_t(n - i) * sizeof(From));
-        f(from, to);
-        __builtin_memcpy(dst + i, to, std::size_t(n - i) * sizeof(To));
-    }
+        body(i, Whole{});
+    if (i < n)
+        body(i, Part{n - i});
 }
 
 template <class Law, class Linear>
 void encode(const Linear* src, unsigned char* dst, std::ptrdiff_t n)
 {
-    inSteps(src, dst, n, [](const Linear* from, unsigned char* to) {
-        const Sample s = sample(from);
-        storeInts(to, Law::code(s.magnitude) | (~s.negative & 128));
+    inSteps(n, [=](std::ptrdiff_t i, auto reach) {
+        const Sample s = sample(src + i, reach);
+        storeInts(dst + i, Law::code(s.magnitude) | (~s.negative & 128), reach);
     });
 }
 
-ARK_INLINE void storeValues(short* to, Vec<float> v) { storeInts(to, truncateToInts(Lanes32<float>{{v}})); }
-ARK_INLINE void storeValues(int* to, Vec<float> v)
+template <class Reach>
+ARK_INLINE void storeValues(short* to, Vec<float> v, Reach reach)
 {
-    storeInts(to, truncateToInts(Lanes32<float>{{v * broadcast(65536.0f)}}));
+    storeInts(to, roundToInts<3>(Lanes32<float>{{v}}), reach);
 }
-ARK_INLINE void storeValues(float* to, Vec<float> v) { store(to, v * broadcast(0x1p-15f)); }
-ARK_INLINE void storeValues(double* to, Vec<float> v)
+template <class Reach>
+ARK_INLINE void storeValues(int* to, Vec<float> v, Reach reach)
 {
-    Lanes32<double> wide = fromInts<double>(truncateToInts(Lanes32<float>{{v}}));
+    storeInts(to, roundToInts<3>(Lanes32<float>{{v * broadcast(65536.0f)}}), reach);
+}
+template <class Reach>
+ARK_INLINE void storeValues(float* to, Vec<float> v, Reach reach)
+{
+    store(to, v * broadcast(0x1p-15f), reach);
+}
+template <class Reach>
+ARK_INLINE void storeValues(double* to, Vec<float> v, Reach reach)
+{
+    Lanes32<double> wide = fromInts<double>(roundToInts<3>(Lanes32<float>{{v}}));
     for (Vec<double>& part : wide.part)
         part *= broadcast(0x1p-15);
-    storeLanes32(to, wide);
+    storeLanes32(to, wide, reach);
 }
 
 template <class Law, class Linear>
 void decode(const unsigned char* src, Linear* dst, std::ptrdiff_t n)
 {
-    inSteps(src, dst, n, [](const unsigned char* from, Linear* to) {
-        const Vec<unsigned> byte = (Vec<unsigned>)loadAsInts(from), code = byte & 127, sign = (~byte & 128) << 24;
+    inSteps(n, [=](std::ptrdiff_t i, auto reach) {
+        const Vec<unsigned> byte = (Vec<unsigned>)loadInts(src + i, reach), code = byte & 127,
+                            sign = (~byte & 128) << 24;
         // The sign goes to both, so that zero is never negative.
-        storeValues(to, (Vec<float>)(Law::bits(code) | sign) - (Vec<float>)(Law::offset(code) | sign));
+        storeValues(dst + i, (Vec<float>)(Law::bits(code) | sign) - (Vec<float>)(Law::offset(code) | sign), reach);
     });
 }
 

@@ -113,7 +113,7 @@ ARK_INLINE Vec<short> squareRoot(Vec<short> x)
     const auto root = [](Vec<int> v) {
         Lanes32<float> y = fromInts<float>(v);
         y.part[0] = squareRoot(y.part[0]);
-        return truncateToInts(y);
+        return roundToInts<3>(y);
     };
     return packSaturated({root(w.low), root(w.high)});
 }
