@@ -72,14 +72,16 @@ template <std::size_t count>
 inline bool allGood(Where at, const Check (&checks)[count])
 {
     // Indices that are constants, and a copy for the report: so the checks are nowhere in memory while all hold.
-    return [&]<std::size_t... i>(std::index_sequence<i...>) {
+    return [&]<std::size_t... i>(std::index_sequence<i...>)
+    {
         if ((checks[i].failed | ...)) [[unlikely]] {
             const Check copies[] = {checks[i]...};
             reportFailed(at, copies, count);
             return false;
         }
         return statusGood();
-    }(std::make_index_sequence<count>{});
+    }
+    (std::make_index_sequence<count>{});
 }
 
 // Style 2: reports the first failed check only and does not look at the status. All conditions are evaluated before
