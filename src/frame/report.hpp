@@ -89,14 +89,16 @@ inline bool allGood(Where at, const Check (&checks)[count])
 template <std::size_t count>
 inline bool firstGood(Where at, const Check (&checks)[count])
 {
-    for (const Check& check : checks) {
+    const auto good = [&at](const Check& check) {
         if (check.failed) [[unlikely]] {
             badArgument(at, check.message);
             return false;
         }
         at.line += at.lineStep;
-    }
-    return true;
+        return true;
+    };
+    return [&]<std::size_t... i>(std::index_sequence<i...>) { return (good(checks[i]) && ...); }
+    (std::make_index_sequence<count>{});
 }
 
 } // namespace ark
