@@ -787,9 +787,9 @@ struct Head {
         head.order = order;
         head.W = widthFor<R>(order);
         std::ptrdiff_t end = std::ptrdiff_t(sizeof(Head) / sizeof(R));
-        const auto add = [&](std::ptrdiff_t size) {
+        const auto add = [&](std::ptrdiff_t count) {
             const std::ptrdiff_t begin = (end + 15) / 16 * 16;
-            end = begin + size;
+            end = begin + count;
             return begin;
         };
         const std::ptrdiff_t W = head.W;
