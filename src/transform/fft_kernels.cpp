@@ -82,7 +82,7 @@ constexpr int odds(int lane, int lanes)
 }
 // Halves and every second block of a, then of b.
 constexpr int lowHalves(int lane, int lanes) { return lane < lanes / 2 ? lane : lane + lanes / 2; }
-constexpr int highHalves(int lane, int lanes) { return lowHalves(lane, lanes) + lanes / 2; }
+[[maybe_unused]] constexpr int highHalves(int lane, int lanes) { return lowHalves(lane, lanes) + lanes / 2; }
 template <int P>
 constexpr int evenBlocks(int lane, int)
 {
