@@ -823,9 +823,8 @@ void fillShortTable(const Head<R>& head, R* table)
     const Roots<R> roots(head.order);
     R* at = table + head.lanes;
     for (std::size_t k = 0; k < std::size_t{1} << head.plan.m; k++, at += 2 * W)
-        ARK_UNROLL
-    for (int lane = 0; lane < W; lane++)
-        roots.get(k * element(lane), at[lane], at[W + lane]);
+        for (int lane = 0; lane < W; lane++)
+            roots.get(k * element(lane), at[lane], at[W + lane]);
     // LaneConstants: powers of w_W, in the steps of this order's roots.
     at = table + head.constants;
     const std::size_t unit = std::size_t{1} << head.plan.m;
