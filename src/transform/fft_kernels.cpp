@@ -829,9 +829,8 @@ void fillShortTable(const Head<R>& head, R* table)
     at = table + head.constants;
     const std::size_t unit = std::size_t{1} << head.plan.m;
     for (int p = 0; p < P / 2; p++, at += 2 * W)
-        ARK_UNROLL
-    for (int lane = 0; lane < W; lane++)
-        roots.get(unit * std::size_t(lane / P * (P / 2) + p), at[lane], at[W + lane]);
+        for (int lane = 0; lane < W; lane++)
+            roots.get(unit * std::size_t(lane / P * (P / 2) + p), at[lane], at[W + lane]);
     for (int lane = 0; lane < W; lane++) {
         // w_W^(u1 e0) w_(W/2)^(u2 e0), u1 and u2 the upper bits of the element and e0 the others
         const std::size_t e = element(lane), quarter = std::size_t(W) / 4, e0 = quarter > 1 ? e % quarter : 0;
