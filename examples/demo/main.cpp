@@ -1,5 +1,5 @@
 // The main demonstration: what the library does to a recording, in steps. Each step prints what it measured, holds the
-// figures to an expectation and writes what there is to hear.
+// figures to an expectation, writes what there is to hear, and makes a section of the page that shows it all.
 #include "demo.hpp"
 
 #include <arkpx.h>
@@ -21,14 +21,15 @@ namespace {
 
 constexpr struct {
     const char* title;
+    const char* name;
     void (*run)(Demo&);
 } steps[] = {
-    {"The recordings, to floating point and back", recordings},
-    {"The level, changed in 16-bit arithmetic", level},
-    {"Two sounds mixed", mix},
-    {"From floating point to 16 bits: four rounding rules", rounding},
-    {"Stereo as complex numbers: an image turned by 30 degrees", stereo},
-    {"Three mistakes, and what is reported", mistakes},
+    {"The recordings, to floating point and back", "recordings", recordings},
+    {"The level, changed in 16-bit arithmetic", "level", level},
+    {"Two sounds mixed", "mix", mix},
+    {"From floating point to 16 bits: four rounding rules", "rounding", rounding},
+    {"Stereo as complex numbers: an image turned by 30 degrees", "stereo", stereo},
+    {"Three mistakes, and what is reported", "mistakes", mistakes},
 };
 
 } // namespace
@@ -48,6 +49,7 @@ int main(int argc, char** argv)
         for (const auto& step : demo::steps) {
             std::printf("\n[%d/%zu] %s\n", ++number, std::size(demo::steps), step.title);
             std::fflush(stdout);
+            demo.begin(step.title, step.name);
             step.run(demo);
             demo.expect("status at the end of the step", arkErrorStr(arkGetErrStatus()), "No Error");
         }
