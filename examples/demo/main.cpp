@@ -15,6 +15,11 @@ void level(Demo& demo);
 void mix(Demo& demo);
 void rounding(Demo& demo);
 void stereo(Demo& demo);
+void digits(Demo& demo);
+void noise(Demo& demo);
+void windowed(Demo& demo);
+void companding(Demo& demo);
+void spectra(Demo& demo);
 void mistakes(Demo& demo);
 
 namespace {
@@ -29,6 +34,11 @@ constexpr struct {
     {"Two sounds mixed", "mix", mix},
     {"From floating point to 16 bits: four rounding rules", "rounding", rounding},
     {"Stereo as complex numbers: an image turned by 30 degrees", "stereo", stereo},
+    {"A number dialled in tones", "digits", digits},
+    {"Noise of a given level", "noise", noise},
+    {"Windows for spectra", "windowed", windowed},
+    {"A telephone line: 8 bits a sample", "companding", companding},
+    {"The recording's spectrum", "spectra", spectra},
     {"Three mistakes, and what is reported", "mistakes", mistakes},
 };
 

@@ -31,7 +31,7 @@ struct Map {
 
 class Page {
 public:
-    explicit Page(std::filesystem::path folder) : folder(std::move(folder)) {}
+    explicit Page(std::filesystem::path where) : folder(std::move(where)) {}
 
     // A new section for the step of that name: step_NAME.cpp begins with a comment, the section's introduction, and has
     // lines between the markers "[code" and "code]", which the section shows.
