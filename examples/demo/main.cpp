@@ -20,6 +20,9 @@ void noise(Demo& demo);
 void windowed(Demo& demo);
 void companding(Demo& demo);
 void spectra(Demo& demo);
+void rates(Demo& demo);
+void hum(Demo& demo);
+void echo(Demo& demo);
 void mistakes(Demo& demo);
 
 namespace {
@@ -39,6 +42,9 @@ constexpr struct {
     {"Windows for spectra", "windowed", windowed},
     {"A telephone line: 8 bits a sample", "companding", companding},
     {"The recording's spectrum", "spectra", spectra},
+    {"48 kHz to 8 kHz and back", "rates", rates},
+    {"Hum and drift taken out", "hum", hum},
+    {"An echo cancelled", "echo", echo},
     {"Three mistakes, and what is reported", "mistakes", mistakes},
 };
 

@@ -67,7 +67,9 @@ Source readSource(const std::string& name)
             source.introduction += line.substr(3) + "\n";
         if (line.ends_with("// code]")) {
             within = false;
-            source.code += (source.code.empty() ? "" : "\n") + dedented(marked);
+            if (!source.code.empty())
+                source.code += '\n';
+            source.code += dedented(marked);
             marked.clear();
         }
         if (within)
