@@ -14,8 +14,9 @@ namespace {
 constexpr int order = 10, length = 1 << order;
 
 // The loudest block, where there is something to see.
-std::vector<float> loudest(const std::vector<short>& samples)
+std::vector<float> loudest(std::vector<short> samples)
 {
+    samples.resize(std::max<std::size_t>(samples.size(), length));
     std::vector<float> block(length);
     double most = -1;
     for (std::size_t at = 0; at + length <= samples.size(); at += length) {
