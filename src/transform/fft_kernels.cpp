@@ -325,13 +325,15 @@ struct Plan {
     static Plan of(int m)
     {
         Plan plan{m, 0, {}, 0};
+        std::ptrdiff_t rows = std::ptrdiff_t{1} << m;
         for (int left = m; left > 0;) {
             // 8 as often as possible; no 2 but for want of anything else.
             const int log2Radix = left == 4 || left == 2 || (left > 1 && left % 3 == 1) ? 2 : left < 3 ? left : 3;
             plan.log2Radix[plan.passes++] = log2Radix;
             left -= log2Radix;
+            rows >>= log2Radix;
             if (left > 0)
-                plan.tableSize += (std::ptrdiff_t{2} << left) * ((1 << log2Radix) - 1);
+                plan.tableSize += 2 * rows * ((1 << log2Radix) - 1);
         }
         return plan;
     }
