@@ -74,38 +74,71 @@ struct Direct {
         }
     }
 
-    // Outputs first ... first+count-1, some of whose taps hang over an end of x.
+    static bool areFinite(const T* h, std::ptrdiff_t n)
+    {
+        int strange = 0;
+        for (std::ptrdiff_t i = 0; i < n * tapParts; i++)
+            strange |= !(partsOf(h)[i] * 0 == 0);
+        return !strange;
+    }
+
+    // Outputs some of whose taps hang over an end of the data.
+    struct Edge {
+        const X* data;        // what h[0] meets in the first output, of a copy of x with zeros around it
+        const MaskBits* mask; // the same place in an array of bits that are set where x is, or null
+        const T* h;
+        std::ptrdiff_t len, n, first; // of x, of h; the first output's number
+        Y* out;
+
+        template <int rows, bool masked>
+        ARK_INLINE void put(std::ptrdiff_t& k) const
+        {
+            constexpr std::ptrdiff_t length = rows * elements;
+            tile<rows, masked>(data + k, masked ? mask + k * parts<X> : nullptr, h, most(0, first + k - (len - 1)),
+                               least(n, first + k + length), out + k);
+            k += length;
+        }
+    };
+
     static void edge(const X* x, std::ptrdiff_t len, const T* h, std::ptrdiff_t n, Y* y, std::ptrdiff_t first,
                      std::ptrdiff_t count)
     {
-        constexpr std::ptrdiff_t length = edgeRows * elements;
-        constexpr std::ptrdiff_t maxCount = 2 * longestDirect + elements;
-        X data[maxCount + longestDirect + length];
-        MaskBits mask[parts<X> * (maxCount + longestDirect + length)];
-        Y out[maxCount + length];
-
-        const std::ptrdiff_t origin = n - 1 - first, size = count + n - 1 + length; // x[0] lies at data[origin]
+        constexpr std::ptrdiff_t maxSize = 3 * longestDirect + 2 * maxRows * elements;
+        X data[maxSize];
+        Y out[maxSize];
+        const std::ptrdiff_t origin = n - 1 - first; // of x in data
+        const std::ptrdiff_t size = count + n - 1 + maxRows * elements;
         const std::ptrdiff_t begin = most(0, -origin), end = least(len, size - origin);
-        __builtin_memset(data, 0, std::size_t(size) * sizeof(X));
-        __builtin_memset(mask, 0, std::size_t(size) * sizeof(X));
+        __builtin_memset(data, 0, std::size_t(origin + begin) * sizeof(X));
         __builtin_memcpy(data + origin + begin, x + begin, std::size_t(end - begin) * sizeof(X));
-        __builtin_memset(mask + (origin + begin) * parts<X>, 0xFF, std::size_t(end - begin) * sizeof(X));
+        __builtin_memset(data + origin + end, 0, std::size_t(size - origin - end) * sizeof(X));
 
-        for (std::ptrdiff_t k = 0; k < count; k += length)
-            tile<edgeRows, true>(data + n - 1 + k, mask + (n - 1 + k) * parts<X>, h, most(0, first + k - (len - 1)),
-                                 least(n, first + k + length), out + k);
+        Edge edge{data + n - 1, nullptr, h, len, n, first, out};
+        std::ptrdiff_t k = 0;
+        if (areFinite(h, n)) {
+            while (k + 2 * elements < count)
+                edge.template put<edgeRows, false>(k);
+            if (k + elements < count)
+                edge.template put<2, false>(k);
+            if (k < count)
+                edge.template put<1, false>(k);
+        } else { // not a number times zero
+            MaskBits mask[parts<X> * maxSize];
+            __builtin_memset(mask, 0, sizeof mask);
+            __builtin_memset(mask + (origin + begin) * parts<X>, 0xFF, std::size_t(end - begin) * sizeof(X));
+            edge.mask = mask + (n - 1) * parts<X>;
+            while (k < count)
+                edge.template put<1, true>(k);
+        }
         __builtin_memcpy(y + first, out, std::size_t(count) * sizeof(Y));
     }
 
     static void run(const X* x, std::ptrdiff_t len, const T* h, std::ptrdiff_t n, Y* y)
     {
         const std::ptrdiff_t complete = len - n + 1;
-        if (complete < elements)
+        if (complete < maxRows * elements)
             return edge(x, len, h, n, y, 0, len + n - 1);
-        if (complete >= maxRows * elements)
-            tiles<maxRows>(x + n - 1, h, n, y + n - 1, complete);
-        else
-            tiles<1>(x + n - 1, h, n, y + n - 1, complete);
+        tiles<maxRows>(x + n - 1, h, n, y + n - 1, complete);
         if (n > 1) {
             edge(x, len, h, n, y, 0, n - 1);
             edge(x, len, h, n, y, len, n - 1);
