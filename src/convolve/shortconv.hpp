@@ -2,7 +2,7 @@
 #pragma once
 
 #include "convolve/convolve.hpp"
-#include "transform/shortfft.hpp" // scalingGood
+#include "vector/scale.hpp"
 
 #include <arkpx/convolve.h>
 
@@ -15,7 +15,7 @@ inline void shortConvolve(Where at, const short* x, int xLen, const short* h, in
     const auto widened = [](const short* src, int len) {
         Buffer<float> copy{std::size_t(len)};
         if (copy)
-            kernels<ConvertKernels<float>>().integers[1][0].fromInt(src, copy.data(), len);
+            shortToFloat(src, copy.data(), len);
         return copy;
     };
     const std::ptrdiff_t outputs = std::ptrdiff_t{xLen} - 1 + hLen;
@@ -31,7 +31,7 @@ inline void shortConvolve(Where at, const short* x, int xLen, const short* h, in
     arksConv(wideX.data(), xLen, wideH.data(), hLen, wideY.data());
     if (!statusGood())
         return backtrace(at);
-    rescale(wideY.data(), y, outputs, scaling);
+    floatToShort(wideY.data(), y, outputs, scaling);
 }
 
 } // namespace ark
