@@ -6,7 +6,7 @@
 // error in scale changes no choice.
 #pragma once
 
-#include "frame/types.hpp"
+#include <cstddef>
 
 namespace ark {
 
@@ -88,5 +88,14 @@ inline constexpr int mixedDoubleLimits[] = { // n = 31 ... 85
     93, 91, 90, 90, 89, 88};
 inline constexpr DirectRule mixedDoubleRule{30, 86, mixedDoubleLimits};
 // clang-format on
+
+template <std::size_t count>
+constexpr bool covers(const DirectRule& rule, const int (&limits)[count])
+{
+    return rule.limits == limits && rule.below - rule.always - 1 == int(count);
+}
+static_assert(covers(realRule, realLimits) && covers(cplxFloatRule, cplxFloatLimits) &&
+              covers(cplxDoubleRule, cplxDoubleLimits) && covers(mixedFloatRule, mixedFloatLimits) &&
+              covers(mixedDoubleRule, mixedDoubleLimits));
 
 } // namespace ark
