@@ -47,6 +47,11 @@ inline std::function<void()> fftwInverseReal(float* in, float* out, int n)
     return running(fftwf_plan_dft_c2r_1d(n, reinterpret_cast<fftwf_complex*>(in), out, FFTW_MEASURE),
                    fftwf_destroy_plan, fftwf_execute);
 }
+inline std::function<void()> fftwInverseReal(double* in, double* out, int n)
+{
+    return running(fftw_plan_dft_c2r_1d(n, reinterpret_cast<fftw_complex*>(in), out, FFTW_MEASURE), fftw_destroy_plan,
+                   fftw_execute);
+}
 
 } // namespace bench
 #else

@@ -12,6 +12,7 @@
 // only the newest processors can.
 #pragma once
 
+#include "convolve/arkconv_kernels.hpp"
 #include "filter/arkfir_kernels.hpp"
 #include "filter/arkiir_kernels.hpp"
 #include "filter/arklms_kernels.hpp"
@@ -45,6 +46,14 @@ struct Kernels : KernelSlot<FillKernels>,
                  KernelSlot<ShortArithKernels>,
                  KernelSlot<ConvertKernels<float>>,
                  KernelSlot<ConvertKernels<double>>,
+                 KernelSlot<ConvKernels<float, float>>,
+                 KernelSlot<ConvKernels<double, double>>,
+                 KernelSlot<ConvKernels<FloatCplx, FloatCplx>>,
+                 KernelSlot<ConvKernels<DoubleCplx, DoubleCplx>>,
+                 KernelSlot<ConvKernels<float, FloatCplx>>,
+                 KernelSlot<ConvKernels<FloatCplx, float>>,
+                 KernelSlot<ConvKernels<double, DoubleCplx>>,
+                 KernelSlot<ConvKernels<DoubleCplx, double>>,
                  KernelSlot<FirKernels<float, float>>,
                  KernelSlot<FirKernels<double, double>>,
                  KernelSlot<FirKernels<FloatCplx, FloatCplx>>,
