@@ -90,9 +90,9 @@ ARKPX_API ArkErrorContext* arkUndContext(void);
 /* ---------------------------------------------------------------------------------------------------------------
  * Memory
  *
- * Blocks aligned to 8 bytes, from the process heap. n counts elements, size counts bytes. Null when the heap cannot
- * supply the block, when the count is negative, or when the byte count does not fit the address space; a count of 0
- * gives a valid pointer. No error is reported. Blocks are released by arkFree only, from any thread; arkFree accepts
+ * Malloc gives blocks aligned to 8 bytes, from the process heap. n counts elements, size counts bytes. Null when the heap
+ * cannot supply the block, when the count is negative, or when the byte count does not fit the address space; a count of
+ * 0 gives a valid pointer. No error is reported. Blocks are released by arkFree only, from any thread; arkFree accepts
  * null.
  * --------------------------------------------------------------------------------------------------------------- */
 ARKPX_API void*       arkMalloc(int size);
@@ -109,8 +109,8 @@ ARKPX_API void        arkFree(void* block);
 /* ---------------------------------------------------------------------------------------------------------------
  * Version
  *
- * One constant record, the same address at every call. It names the interface that the library implements, which is
- * why it does not change with the releases of this implementation.
+ * arkGetLibVersion gives one constant record, the same address at every call. It names the interface that the library
+ * implements, which is why it does not change with the releases of this implementation.
  * --------------------------------------------------------------------------------------------------------------- */
 typedef struct ArkLibVersion {
     int         major;
