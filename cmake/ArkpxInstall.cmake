@@ -3,11 +3,15 @@
 include(CMakePackageConfigHelpers)
 
 install(TARGETS arkpx EXPORT arkpx-targets
-        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
-        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development) # of all that follows
 install(TARGETS arkpx_static EXPORT arkpx-targets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
+if(WIN32) # other compilers than this one make their import library from it
+    install(FILES "${PROJECT_BINARY_DIR}/arkpx.def" DESTINATION ${CMAKE_INSTALL_LIBDIR})
+endif()
 
 set(package "${CMAKE_INSTALL_LIBDIR}/cmake/arkpx")
 install(EXPORT arkpx-targets NAMESPACE arkpx:: DESTINATION ${package})
