@@ -9,12 +9,13 @@ The headers are written to be read as they are: one comment for each family, bet
 prototypes. Here each of them becomes a group, with the prototypes and records up to the next rule as its members.
 Indented lines are tables and formulas: they stay as they are. Paragraphs flow.
 """
+import glob
 import os
 import re
 import sys
 
-TYPES = {"s": "float", "d": "double", "c": "FloatCplx", "z": "DoubleCplx", "w": "16-bit", "v": "ShortCplx", "i": "32-bit",
-         "j": "IntCplx"}
+TYPES = {"s": "floats", "d": "doubles", "c": "FloatCplx", "z": "DoubleCplx", "w": "16-bit integers", "v": "ShortCplx",
+         "i": "32-bit integers", "j": "IntCplx"}
 NAME = re.compile(r"ark(?:([sdcz][sdcz]?|[wvij])?(r(?=F))?(b)?)([A-Z]\w*)$")
 
 
@@ -38,10 +39,10 @@ def brief_of(name):
         return operation
     words = " with ".join(TYPES[letter] for letter in types)
     if vector:
-        words += " vectors"
+        words = "vectors of " + words
     if split:
         words += " in arrays for real and imaginary parts"
-    return f"{operation} of {words}"
+    return f"{operation}: {words}"
 
 
 def text_of(comment):
@@ -59,29 +60,53 @@ def text_of(comment):
     return lines
 
 
-def escaped(line):
-    return re.sub(r"([\\@#$%&<>|])", r"\\\1", line)
+def escaped(text, names=()):
+    """Text as Doxygen shall show it, with links to the functions of these names. It takes what is in quotes as it is."""
+    def one(part):
+        part = re.sub(r"([\\@#$%&<>|])", r"\\\1", part)
+        return re.sub(r"\bark\w+", lambda m: f'@ref {m[0]} "{m[0]}"' if m[0] in names else m[0], part)
+
+    return "".join(part if part.startswith('"') else one(part) for part in re.split(r'("[^"]*")', text))
 
 
-def doxygen_of(lines):
-    """Comment text in Doxygen's form."""
-    out, block = [], []
+def doxygen_of(lines, names=()):
+    """Comment text in Doxygen's form: indented lines stay, paragraphs become one line each."""
+    out, block, paragraph = [], [], []
 
     def end_block():
         while block and not block[-1]:
             block.pop()
         if block:
-            out.extend(["", "@verbatim", *block, "@endverbatim", ""])
+            margin = min(len(line) - len(line.lstrip()) for line in block if line)
+            out.extend(["", "@verbatim", *(line[margin:] for line in block), "@endverbatim", ""])
             block.clear()
+
+    def end_paragraph():
+        if paragraph:
+            out.extend([escaped(" ".join(paragraph), names), ""])
+            paragraph.clear()
 
     for line in lines:
         if line.startswith(" ") or (not line and block):
+            end_paragraph()
             block.append(line)
         else:
             end_block()
-            out.append(escaped(line))
+            if line:
+                paragraph.append(line)
+            else:
+                end_paragraph()
     end_block()
+    end_paragraph()
     return out
+
+
+def functions_beside(path):
+    """The names of all functions in the header's folder."""
+    names = set()
+    for header in glob.glob(os.path.join(os.path.dirname(path) or ".", "*.h")):
+        names.update(re.findall(r"^ARKPX_API [^(]*?\b(ark\w+) *\(", open(header, encoding="utf-8").read(), re.M))
+    return names
 
 
 class Header:
@@ -89,6 +114,7 @@ class Header:
 
     def __init__(self, path):
         self.path = path
+        self.names = functions_beside(path)
         self.base = os.path.basename(path)
         self.out = []
         self.documented = {}  # name: the text that documents it
@@ -123,7 +149,7 @@ class Header:
                     self.own = text_of(comment)
                 elif len(comment) > 1:
                     self.general += "\n".join(text_of(comment)) + "\n"
-                    self.comment([f"@addtogroup {self.module}", *doxygen_of(text_of(comment))])
+                    self.comment([f"@addtogroup {self.module}", *doxygen_of(text_of(comment), self.names)])
                 continue
             i += 1
             if depth == 0 and line.startswith("ARKPX_API"):
@@ -153,7 +179,7 @@ class Header:
     def begin_file(self, text):
         title = re.sub(r"^arkpx\S* - ", "", text[0]).rstrip(".")
         self.comment([f"@file {self.base}", escaped(title[:1].upper() + title[1:]) + "."])
-        self.comment([f"@defgroup {self.module} {self.base}: {title}", *doxygen_of(text[1:])])
+        self.comment([f"@defgroup {self.module} {self.base}: {title}", *doxygen_of(text[1:], self.names)])
 
     def begin_family(self, text):
         self.end_family()
@@ -162,7 +188,7 @@ class Header:
         self.group_text = "\n".join(text)
         if re.search(r"what both levels|The flag word|The 16-bit transforms", text[0]):
             self.general += self.group_text + "\n"
-        self.comment([f"@defgroup {self.group} {text[0]}", f"@ingroup {self.module}", *doxygen_of(text[1:]), "@{"])
+        self.comment([f"@defgroup {self.group} {text[0]}", f"@ingroup {self.module}", *doxygen_of(text[1:], self.names), "@{"])
 
     def end_family(self):
         if self.group:
@@ -180,13 +206,13 @@ class Header:
             self.documented[name] = operation_of(name) + ": " + "\n".join(self.own)
         elif self.group:
             self.documented[name] = self.group_text + "\n" + self.general
-        own = doxygen_of(self.own) if self.own else [escaped(brief_of(name)) + "."]
+        own = doxygen_of(self.own, self.names) if self.own else ["@brief " + escaped(brief_of(name)) + "."]
         self.comment([*own, *([] if self.group else [f"@ingroup {self.module}"])])
         self.out.append(prototype)
 
     def record(self, line, begins):
         """Documents a record by the comment above it, the one behind its first line, or by its family."""
-        text = doxygen_of(self.own) if self.own else []
+        text = doxygen_of(self.own, self.names) if self.own else []
         if not text and begins and begins[2]:
             text = [f"Record {escaped(begins[2])}."]
         if not text:
