@@ -4,6 +4,8 @@
 
 #include <arkpx/transform.h>
 
+#include <algorithm>
+
 using namespace ark;
 
 static constexpr Module here{"arkdftw"};

@@ -1,9 +1,12 @@
 // The discrete cosine transform, types II and III, scaled to be orthonormal.
 #pragma once
 
+#include "transform/chirp.hpp"
 #include "transform/realfft.hpp"
 #include "transform/shelf.hpp"
 #include "vector/scale.hpp"
+
+#include <arkpx/transform.h>
 
 #include <bit>
 #include <cmath>
@@ -11,46 +14,19 @@
 
 namespace ark {
 
-inline constinit Shelf<SharedTable<double>> dctDirectShelf; // cos(pi i / (2 N)), i = 0 ... 4 N - 1
+// The tables of the lengths used last. What a table holds depends on its length alone: for powers of two in precision R
+// the rotations of fastDct, for the others in double precision the cosines of the sums or what chirpDct works with.
 template <class R>
-inline constinit Shelf<SharedTable<R>> dctFastShelf; // sqrt(2 / N) (cos, sin)(pi k / (2 N)), k = 0 ... N/2 - 1
+inline constinit Shelf<SharedTable<R>> dctShelf;
 
 inline void dctFree()
 {
-    dctDirectShelf.clear();
-    dctFastShelf<float>.clear();
-    dctFastShelf<double>.clear();
+    dctShelf<float>.clear();
+    dctShelf<double>.clear();
 }
 
-// A table off its shelf for the time of a transform, made where there is none. False when there is no memory.
-template <class R>
-class DctTable {
-public:
-    template <class Fill>
-    DctTable(Shelf<SharedTable<R>>& shelf, int length, std::uint64_t count, Fill fill)
-        : shelf_{shelf}, table_{shelf.take(length)}
-    {
-        if (table_)
-            return;
-        table_ = SharedTable<R>::make(length, count);
-        if (table_)
-            fill(table_->values());
-    }
-    ~DctTable()
-    {
-        if (table_)
-            shelf_.put(table_);
-    }
-    DctTable(const DctTable&) = delete;
-    DctTable& operator=(const DctTable&) = delete;
-
-    explicit operator bool() const { return table_ != nullptr; }
-    const R* values() const { return table_->values(); }
-
-private:
-    Shelf<SharedTable<R>>& shelf_;
-    SharedTable<R>* table_;
-};
+// Up to here the sums are quicker than the FFTs of a length that is no power of two.
+inline constexpr int longestSummedDct = 32;
 
 // The angle pi i / (2 N).
 template <class Wide>
@@ -59,7 +35,7 @@ Wide dctAngle(std::uint64_t i, int N)
     return std::numbers::pi_v<Wide> * Wide(i) / (2 * Wide(N));
 }
 
-// ---- any length: the sums, over the cosines of all multiples of pi / (2 N) ----
+// ---- short ones: the sums, over the cosines of all multiples of pi / (2 N) ----
 
 // The folded input: with d[n] = x[n] - x[N-1-n] the odd outputs, with s[n] = x[n] + x[N-1-n] the even ones are half as
 // long. work has N elements, the sums in front.
@@ -119,10 +95,11 @@ void directInverseDct(R* dst, std::size_t N, const double* cosines, const double
 template <class R>
 bool directDct(const R* src, R* dst, int len, bool inverse)
 {
-    const DctTable<double> table{dctDirectShelf, len, 4 * std::uint64_t(len), [=](double* cosines) {
-                                     for (std::uint64_t i = 0; i < 4 * std::uint64_t(len); i++)
-                                         cosines[i] = double(std::cos(dctAngle<long double>(i, len)));
-                                 }};
+    const auto fill = [=](double* cosines) {
+        for (std::uint64_t i = 0; i < 4 * std::uint64_t(len); i++)
+            cosines[i] = double(std::cos(dctAngle<long double>(i, len)));
+    };
+    const Borrowed<double> table{dctShelf<double>, len, 4 * std::uint64_t(len), fill};
     const auto N = std::size_t(len);
     Buffer<double> work{N};
     if (!table || !work)
@@ -138,13 +115,27 @@ bool directDct(const R* src, R* dst, int len, bool inverse)
     return true;
 }
 
-// ---- powers of two: one real FFT of the even elements followed by the odd ones backwards ----
+// ---- the others: one FFT of the even elements followed by the odd ones backwards ----
 //
-// With V its spectrum and t = pi k / (2 N), V[k] e^(-i t) = y[k] - i y[N-k]. Source: J. Makhoul, A fast cosine transform
-// in one and two dimensions, IEEE Trans. ASSP 28 (1980).
+// With V its spectrum and t = pi k / (2 N), V[k] e^(-i t) = y[k] - i y[N-k] but for the scale, y[N] = 0. Source: J.
+// Makhoul, A fast cosine transform in one and two dimensions, IEEE Trans. ASSP 28 (1980).
 
+// turns[k] = sqrt(2 / N) (cos, sin)(pi k / (2 N)), k = 0 ... count - 1
 template <class R>
-void fastDct(const R* src, R* dst, int order, const R* turns, R* work, const Workspace<R>& space)
+void fillTurns(int N, std::size_t count, R* turns)
+{
+    using Wide = typename Wider<R>::Type;
+    const Wide scale = std::sqrt(2 / Wide(N));
+    for (std::size_t k = 0; k < count; k++) {
+        const Wide angle = dctAngle<Wide>(k, N);
+        turns[2 * k] = R(scale * std::cos(angle));
+        turns[2 * k + 1] = R(scale * std::sin(angle));
+    }
+}
+
+// Powers of two: the spectrum of a real FFT, which holds the pairs up to N/2.
+template <class R>
+void fastForwardDct(const R* src, R* dst, int order, const R* turns, R* work, const Workspace<R>& space)
 {
     const std::size_t N = std::size_t{1} << order;
     for (std::size_t n = 0; n < N / 2; n++) {
@@ -185,26 +176,55 @@ template <class R>
 bool fastDct(const R* src, R* dst, int len, bool inverse)
 {
     const int order = std::countr_zero(unsigned(len));
-    const auto fill = [=](R* turns) {
-        using Wide = typename Wider<R>::Type;
-        const Wide scale = std::sqrt(2 / Wide(len));
-        for (int k = 0; k < len / 2; k++) {
-            const Wide angle = dctAngle<Wide>(std::uint64_t(k), len);
-            turns[2 * std::size_t(k)] = R(scale * std::cos(angle));
-            turns[2 * std::size_t(k) + 1] = R(scale * std::sin(angle));
-        }
-    };
-    const DctTable<R> table{dctFastShelf<R>, len, std::uint64_t(len), fill};
-    Buffer<R> work{std::size_t(len)};
     Workspace<R> space;
+    if (!obtain(ccsKind, order, space))
+        return false;
+    const Borrowed<R> table{dctShelf<R>, len, std::uint64_t(len),
+                            [=](R* turns) { fillTurns(len, std::size_t(len) / 2, turns); }};
+    Buffer<R> work{std::size_t(len)};
     if (!table || !work)
         return false;
-    if (!obtain(ccsKind, order, space)) {
-        transformTables<R>().release();
-        if (!obtain(ccsKind, order, space))
-            return false;
+    const auto compute = inverse ? &fastInverseDct<R> : &fastForwardDct<R>;
+    compute(src, dst, order, table.values(), work.data(), space);
+    return true;
+}
+
+// Other lengths: a complex spectrum by the chirp, forward in both directions, since the inverse's result is real.
+template <class R>
+bool chirpDct(const R* src, R* dst, int len, bool inverse)
+{
+    Workspace<double> space;
+    if (!obtainChirpSpace(len, space))
+        return false;
+    const std::size_t N = std::size_t(len), size = chirpSize(len);
+    const Borrowed<double> table{dctShelf<double>, len, size + 2 * std::uint64_t{N}, [&](double* values) {
+                                     fillChirp(len, space, values);
+                                     fillTurns(len, N, values + size);
+                                 }};
+    Buffer<DoubleCplx> z{std::size_t{1} << chirpOrder(len)};
+    if (!table || !z)
+        return false;
+    const double* const turns = table.values() + size;
+    const double first = 1 / std::sqrt(double(N));
+    const auto place = [=](std::size_t n) { return n % 2 ? N - 1 - n / 2 : n / 2; };
+    if (inverse) {
+        z[0] = {double(src[0]) * first, 0};
+        for (std::size_t k = 1; k < N; k++) {
+            const double a = double(src[k]) / 2, b = double(src[N - k]) / 2;
+            const double cosine = turns[2 * k], sine = turns[2 * k + 1];
+            z[k] = {a * cosine + b * sine, b * cosine - a * sine}; // conjugate
+        }
+        chirpDft(z.data(), len, table.values(), space);
+        for (std::size_t n = 0; n < N; n++)
+            dst[n] = R(z[place(n)].re);
+    } else {
+        for (std::size_t n = 0; n < N; n++)
+            z[place(n)] = {double(src[n]), 0};
+        chirpDft(z.data(), len, table.values(), space);
+        dst[0] = R(z[0].re * first);
+        for (std::size_t k = 1; k < N; k++)
+            dst[k] = R(z[k].re * turns[2 * k] + z[k].im * turns[2 * k + 1]);
     }
-    (inverse ? fastInverseDct<R> : fastDct<R>)(src, dst, order, table.values(), work.data(), space);
     return true;
 }
 
@@ -218,16 +238,20 @@ bool dctGood(Where at, const R* src, const R* dst, int len, int flags)
                           {!(flags & ARK_Forw) == !(flags & ARK_Inv), "\nBad value of the transform flag\n"}});
 }
 
-// dst may be src: both algorithms read a copy. False when there is no memory.
+// dst may be src: a copy is read. False when there is no memory; dst is untouched then.
 template <class R>
 bool computeDct(const R* src, R* dst, int len, int flags)
 {
-    const bool inverse = (flags & ARK_Inv) != 0;
     if (len == 1) {
         dst[0] = src[0];
         return true;
     }
-    return std::has_single_bit(unsigned(len)) ? fastDct(src, dst, len, inverse) : directDct(src, dst, len, inverse);
+    const bool inverse = has(flags, ARK_Inv);
+    if (std::has_single_bit(unsigned(len)))
+        return computedWithin<R>([=] { return fastDct(src, dst, len, inverse); });
+    if (len <= longestSummedDct)
+        return directDct(src, dst, len, inverse);
+    return computedWithin<double>([=] { return chirpDct(src, dst, len, inverse); });
 }
 
 inline constexpr const char* noDctMemory = "\nMemory allocation problem\n";

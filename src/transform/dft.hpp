@@ -1,12 +1,13 @@
-// The DFT of any length, summed.
+// The DFT of any length.
 #pragma once
 
-#include "frame/heap.hpp"
 #include "frame/report.hpp"
 #include "frame/types.hpp"
+#include "transform/chirp.hpp"
 
 #include <arkpx/transform.h>
 
+#include <bit>
 #include <cstddef>
 
 namespace ark {
@@ -14,14 +15,26 @@ namespace ark {
 inline FloatCplx* dftTwiddles(const FloatCplx*, int len) { return arkcGetDftTwdTbl(len); }
 inline DoubleCplx* dftTwiddles(const DoubleCplx*, int len) { return arkzGetDftTwdTbl(len); }
 
-// y = scale * DFT of x, in which the elements k and len - k are folded into their sum and their difference: the sums meet
-// the cosines only, the differences the sines only, and y[m] and y[len - m] are the sum and the difference of the same two
-// sums. tw[k] = e^(-2 pi i k / len).
-template <class C>
-void dft(DoubleCplx* x, C* y, std::size_t len, const C* tw, bool inverse, double scale)
+// Of a length whose public table the thread has.
+template <class R>
+Slot& chirpSlot(int len)
 {
-    using R = Real<C>;
-    const auto store = [=](std::size_t m, DoubleCplx value) { y[m] = {R(value.re * scale), R(value.im * scale)}; };
+    TwiddleTables& tables = context().caches.twiddles[sizeof(R) == sizeof(double)];
+    int i = 0;
+    while (tables.dft[i].length != len)
+        i++;
+    return tables.dft[i].chirp;
+}
+
+// Up to here the sums are quicker than two FFTs and more.
+inline constexpr int longestSummedDft = 32;
+
+// The sums, of elements k and len - k folded into their sum and their difference: the sums meet the cosines only, the
+// differences the sines only, and y[m] and y[len - m] are the sum and the difference of the same two sums.
+// tw[k] = e^(-2 pi i k / len).
+template <class C, class Store>
+void summedDft(DoubleCplx* x, std::size_t len, const C* tw, Store store)
+{
     const std::size_t pairs = (len - 1) / 2;
     DoubleCplx total = x[0];
     for (std::size_t k = 1; k < len; k++)
@@ -50,11 +63,51 @@ void dft(DoubleCplx* x, C* y, std::size_t len, const C* tw, bool inverse, double
             odd.re += x[len - k].re * im;
             odd.im += x[len - k].im * im;
         }
-        const DoubleCplx forward{even.re - odd.im, even.im + odd.re}, backward{even.re + odd.im, even.im - odd.re};
-        store(m, inverse ? backward : forward);
+        store(m, {even.re - odd.im, even.im + odd.re});
         if (m != len - m)
-            store(len - m, inverse ? forward : backward);
+            store(len - m, {even.re + odd.im, even.im - odd.re});
     }
+}
+
+// The inverse is the forward transform between two conjugations. False when there is no memory, y is untouched then.
+template <class C>
+bool computeDft(const C* x, C* y, int len, const C* tw, bool inverse, double scale)
+{
+    using R = Real<C>;
+    const auto count = std::size_t(len);
+    const bool isPower = len > 1 && std::has_single_bit(unsigned(len)), isSummed = !isPower && len <= longestSummedDft;
+    const int order = isPower ? std::countr_zero(unsigned(len)) : chirpOrder(len);
+    Workspace<double> space;
+    const double* chirp = nullptr;
+    if (isPower && !obtain(cplxKind, order, space))
+        return false;
+    if (!isPower && !isSummed) {
+        if (!obtainChirpSpace(len, space))
+            return false;
+        chirp = chirpSlot<R>(len).template table<double>([=] { return chirpSize(len); },
+                                                         [&](double* table) { fillChirp(len, space, table); });
+        if (!chirp)
+            return false;
+    }
+    Buffer<DoubleCplx> z{isSummed ? count : std::size_t{1} << order};
+    if (!z)
+        return false;
+
+    const double sign = inverse ? -1 : 1, imScale = sign * scale;
+    for (std::size_t k = 0; k < count; k++)
+        z[k] = {double(x[k].re), sign * double(x[k].im)};
+    const auto store = [=](std::size_t m, DoubleCplx value) { y[m] = {R(value.re * scale), R(value.im * imScale)}; };
+    if (isSummed) {
+        summedDft(z.data(), count, tw, store);
+        return true;
+    }
+    if (isPower)
+        transformPairs<double>(partsOf(z.data()), partsOf(z.data()), order, ARK_Forw, space, 1);
+    else
+        chirpDft(z.data(), len, chirp, space);
+    for (std::size_t m = 0; m < count; m++)
+        store(m, z[m]);
+    return true;
 }
 
 template <class C>
@@ -63,19 +116,15 @@ void dft(Where at, const C* x, C* y, int len, int flags)
     if (!statusGood())
         return;
     const C* const tw = dftTwiddles(x, len);
-    if (!allGood(at, {{len <= 0, "len<=0"}, {!tw, "tw==0"}}) || (flags & ARK_Init) ||
+    if (!allGood(at, {{len <= 0, "len<=0"}, {!tw, "tw==0"}}) || has(flags, ARK_Init) ||
         !firstGood(at, {{!x, "x==0"},
                         {!y, "y==0"},
                         {!(flags & ARK_Forw) == !(flags & ARK_Inv), "ARK_Forw or ARK_Inv must be as a flag"}}))
         return;
-    const auto count = std::size_t(len);
-    Buffer<DoubleCplx> copy{count};
-    if (!copy)
-        return outOfMemory(at, "NULL Pointer");
-    for (std::size_t k = 0; k < count; k++)
-        copy[k] = {double(x[k].re), double(x[k].im)};
-    const bool inverse = (flags & ARK_Inv) != 0;
-    dft(copy.data(), y, count, tw, inverse, inverse && !(flags & ARK_NoScale) ? 1 / double(len) : 1);
+    const bool inverse = has(flags, ARK_Inv);
+    const double scale = inverse && !has(flags, ARK_NoScale) ? 1 / double(len) : 1;
+    if (!computedWithin<double>([=] { return computeDft(x, y, len, tw, inverse, scale); }))
+        outOfMemory(at, "NULL Pointer");
 }
 
 } // namespace ark

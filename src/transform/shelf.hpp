@@ -22,7 +22,8 @@ struct alignas(64) SharedTable {
         constexpr std::uint64_t most = PTRDIFF_MAX - sizeof(SharedTable);
         if (count > most / sizeof(R))
             return nullptr;
-        auto* const table = static_cast<SharedTable*>(heapAllocate(sizeof(SharedTable) + std::size_t(count) * sizeof(R)));
+        auto* const table =
+            static_cast<SharedTable*>(heapAllocate(sizeof(SharedTable) + std::size_t(count) * sizeof(R)));
         if (table)
             table->length = length;
         return table;
@@ -30,8 +31,8 @@ struct alignas(64) SharedTable {
 };
 
 // A few tables of the lengths used last. Whoever uses one has taken it off the shelf, so that nobody can free it under
-// him; who comes meanwhile makes one of his own, and both are on the shelf thereafter. An atomic exchange is all that it
-// takes.
+// him; who comes meanwhile makes one of his own, and both are on the shelf thereafter. An atomic exchange is all that
+// it takes.
 template <class Table>
 class Shelf {
 public:
@@ -69,7 +70,40 @@ public:
     }
 
 private:
-    std::atomic<Table*> places_[4]{};
+    std::atomic<Table*> places_[8]{};
+};
+
+// A table off its shelf while it is in use, made by fill(R* values) where there is none. False when there is no memory.
+template <class R>
+class Borrowed {
+public:
+    using Table = SharedTable<R>;
+
+    template <class Fill>
+    Borrowed(Shelf<Table>& shelf, int length, std::uint64_t count, Fill fill)
+        : shelf_{shelf},
+          table_{shelf.take(length)}
+    {
+        if (table_)
+            return;
+        table_ = Table::make(length, count);
+        if (table_)
+            fill(table_->values());
+    }
+    ~Borrowed()
+    {
+        if (table_)
+            shelf_.put(table_);
+    }
+    Borrowed(const Borrowed&) = delete;
+    Borrowed& operator=(const Borrowed&) = delete;
+
+    explicit operator bool() const { return table_ != nullptr; }
+    const R* values() const { return table_->values(); }
+
+private:
+    Shelf<Table>& shelf_;
+    Table* table_;
 };
 
 } // namespace ark
