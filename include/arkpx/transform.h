@@ -346,7 +346,7 @@ ARKPX_API void arkvDft(const ShortCplx* inSamps, ShortCplx* outSamps, int length
  *   the coefficient after sample n = e^(2 pi i freq) s[n] - s[n-1]
  *
  * freq is in cycles per sample, 0 < freq < 0.5. After N samples with freq N a whole number m, the coefficient is element m
- * of their DFT; else it is sum over k of x[k] e^(2 pi i freq (N - k)), of the same magnitude as at the origin.
+ * of their DFT; else it is sum over k of x[k] e^(2 pi i freq (N - k)), of the magnitude of their spectrum at freq.
  *
  *   GoertzInit        fills the record and begins
  *   GoertzReset       begins anew at the same frequency

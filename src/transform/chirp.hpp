@@ -30,7 +30,7 @@ bool computedWithin(Compute compute)
 //
 // and that is done by FFTs of M >= 2 N - 1 elements. Source: L. I. Bluestein, A linear filtering approach to the
 // computation of discrete Fourier transform, IEEE Trans. Audio Electroacoust. 18 (1970).
-inline int chirpOrder(int N) { return std::bit_width(2 * std::uint64_t(N) - 2); }
+inline int chirpOrder(int N) { return int(std::bit_width(2 * std::uint64_t(N) - 2)); }
 
 // Doubles of the table: c[0 ... N-1], then the spectrum of conj c over M elements in bit-reversed order, divided by M.
 // Of lengths for which there is a workspace.
