@@ -424,10 +424,11 @@ ARKPX_API ShortCplx  arkvbGoertz(ArksGoertzState* state, const ShortCplx* samps,
  *   ARK_Inv    x[n] = sqrt(1/N) y[0] + sqrt(2/N) sum over k = 1 ... N-1 of y[k] cos(pi (2n+1) k / (2N))
  *
  * n = 0 ... N-1, N = len >= 1, any. The transform is orthonormal: each direction undoes the other, up to rounding. src and
- * dst may overlap in any way. Powers of two take one real FFT, other lengths up to 32 the sums, longer ones a convolution
- * by complex FFTs in double precision (Makhoul, 1980; Bluestein, 1970).
- * arkwDct computes in single precision, rounds to the nearest integer (ties to even) and saturates: a constant c gives
- * c sqrt(N), so that long loud signals do.
+ * dst may overlap in any way. All is computed in double precision and rounded to the type at the end. Powers of two take
+ * one real FFT, from 32 on; other lengths up to 32 the sums, longer ones a convolution by complex FFTs (Makhoul, 1980;
+ * Bluestein, 1970).
+ * arkwDct is arksDct of the samples, whose results it rounds to the nearest integer (ties to even) and saturates: a
+ * constant c has the coefficient c sqrt(N).
  *
  * A flag word of exactly ARK_Free releases the tables of all three members; nothing else is looked at. Other bits than
  * ARK_Forw and ARK_Inv are ignored otherwise, ARK_Init too.
@@ -437,10 +438,11 @@ ARKPX_API ShortCplx  arkvbGoertz(ArksGoertzState* state, const ShortCplx* samps,
  * value of the transform flag\n" (exactly one of ARK_Forw and ARK_Inv); ARK_StatusOutOfMemory "\nMemory allocation
  * problem\n", when it is short even without the tables that the transforms of the thread keep for themselves.
  *
- * Module arkdct. Allocates: every call, len elements, for a convolution up to 4 len complex doubles. On the first use of
- * a length, tables: those of up to 16 lengths used last are kept for the whole process, until ARK_Free, and any number of
- * threads may transform any lengths at the same time, also while one frees: who uses a table owns it meanwhile, and the
- * others make their own. The FFTs' tables belong to the calling thread, as those above.
+ * Module arkdct. Allocates: never for 1, 2, 4, 8 and 16; else every call, len doubles, for a convolution up to 4 len
+ * complex ones (arkwDct always, and len floats besides). On the first use of a length, a table: those of the 8 lengths
+ * used last are kept for the whole process, until ARK_Free. Any number of threads may transform any lengths at the same
+ * time, also while one frees: who uses a table owns it meanwhile, and the others make their own. The FFTs' tables belong
+ * to the calling thread, as those above.
  * --------------------------------------------------------------------------------------------------------------- */
 ARKPX_API void arksDct(const float* src, float* dst, int len, int flags);
 ARKPX_API void arkdDct(const double* src, double* dst, int len, int flags);

@@ -12,14 +12,14 @@
 
 namespace ark {
 
-// Compute works with the private tables of precision R and returns false when there is no memory. These tables give way
+// Compute returns false when there is no memory. What the transforms of double precision keep for themselves gives way
 // once.
-template <class R, class Compute>
+template <class Compute>
 bool computedWithin(Compute compute)
 {
     if (compute())
         return true;
-    transformTables<R>().release();
+    transformTables<double>().release();
     return compute();
 }
 

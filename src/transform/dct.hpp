@@ -8,34 +8,112 @@
 
 #include <arkpx/transform.h>
 
+#include <array>
 #include <bit>
 #include <cmath>
+#include <cstdint>
 #include <numbers>
 
 namespace ark {
 
-// The tables of the lengths used last. What a table holds depends on its length alone: for powers of two in precision R
-// the rotations of fastDct, for the others in double precision the cosines of the sums or what chirpDct works with.
-template <class R>
-inline constinit Shelf<SharedTable<R>> dctShelf;
+// The tables of the lengths used last. What a table holds depends on its length alone: the rotations of fastDct, the
+// cosines of the sums, or what chirpDct works with. Everything is computed in double precision.
+inline constinit Shelf<SharedTable<double>> dctShelf;
 
-inline void dctFree()
-{
-    dctShelf<float>.clear();
-    dctShelf<double>.clear();
-}
+inline void dctFree() { dctShelf.clear(); }
 
 // Up to here the sums are quicker than the FFTs of a length that is no power of two.
 inline constexpr int longestSummedDct = 32;
 
-// The angle pi i / (2 N).
-template <class Wide>
-Wide dctAngle(std::uint64_t i, int N)
+// ---- powers of two up to 16: without tables and memory ----
+
+// cos(pi i / 32)
+constexpr double cosineOf32nd(std::size_t i)
 {
-    return std::numbers::pi_v<Wide> * Wide(i) / (2 * Wide(N));
+    i %= 64;
+    i = i > 32 ? 64 - i : i;
+    const long double angle = std::numbers::pi_v<long double> * static_cast<long double>(i > 16 ? 32 - i : i) / 32;
+    long double term = 1, sum = 1;
+    for (int n = 2; n < 30; n += 2) {
+        term *= -angle * angle / (n * (n - 1));
+        sum += term;
+    }
+    return double(i > 16 ? -sum : sum);
 }
 
-// ---- short ones: the sums, over the cosines of all multiples of pi / (2 N) ----
+// [j][n] = cos(pi (2n+1) (2j+1) / (2N))
+template <std::size_t N>
+inline constexpr auto oddCosines = [] {
+    std::array<std::array<double, N / 2>, N / 2> factors{};
+    for (std::size_t j = 0; j < N / 2; j++)
+        for (std::size_t n = 0; n < N / 2; n++)
+            factors[j][n] = cosineOf32nd((2 * n + 1) * (2 * j + 1) * (16 / N));
+    return factors;
+}();
+
+// Unscaled. The even outputs are the transform of the sums x[n] + x[N-1-n]; the odd ones are those of the differences.
+template <std::size_t N>
+void tinyDct(const double* x, double* y)
+{
+    if constexpr (N == 1) {
+        y[0] = x[0];
+    } else {
+        constexpr std::size_t half = N / 2;
+        double sums[half], differences[half], even[half];
+        for (std::size_t n = 0; n < half; n++) {
+            sums[n] = x[n] + x[N - 1 - n];
+            differences[n] = x[n] - x[N - 1 - n];
+        }
+        tinyDct<half>(sums, even);
+        for (std::size_t j = 0; j < half; j++) {
+            double odd = 0;
+            for (std::size_t n = 0; n < half; n++)
+                odd += differences[n] * oddCosines<N>[j][n];
+            y[2 * j] = even[j];
+            y[2 * j + 1] = odd;
+        }
+    }
+}
+template <std::size_t N>
+void tinyInverseDct(const double* y, double* x)
+{
+    if constexpr (N == 1) {
+        x[0] = y[0];
+    } else {
+        constexpr std::size_t half = N / 2;
+        double even[half], ofEven[half], ofOdd[half]{};
+        for (std::size_t j = 0; j < half; j++) {
+            even[j] = y[2 * j];
+            for (std::size_t n = 0; n < half; n++)
+                ofOdd[n] += y[2 * j + 1] * oddCosines<N>[j][n];
+        }
+        tinyInverseDct<half>(even, ofEven);
+        for (std::size_t n = 0; n < half; n++) {
+            x[n] = ofEven[n] + ofOdd[n];
+            x[N - 1 - n] = ofEven[n] - ofOdd[n];
+        }
+    }
+}
+
+template <std::size_t N, class R>
+bool tinyDct(const R* src, R* dst, bool inverse)
+{
+    const double first = 1 / std::sqrt(double(N)), rest = std::numbers::sqrt2 * first;
+    double x[N], y[N];
+    for (std::size_t n = 0; n < N; n++)
+        x[n] = double(src[n]) * (!inverse ? 1 : n ? rest : first);
+    (inverse ? &tinyInverseDct<N> : static_cast<void (*)(const double*, double*)>(&tinyDct<N>))(x, y);
+    for (std::size_t n = 0; n < N; n++)
+        dst[n] = R(y[n] * (inverse ? 1 : n ? rest : first));
+    return true;
+}
+
+// ---- other lengths up to 32: the sums, over the cosines of all multiples of pi / (2 N) ----
+
+inline long double dctAngle(std::uint64_t i, int N)
+{
+    return std::numbers::pi_v<long double> * static_cast<long double>(i) / (2 * static_cast<long double>(N));
+}
 
 // The folded input: with d[n] = x[n] - x[N-1-n] the odd outputs, with s[n] = x[n] + x[N-1-n] the even ones are half as
 // long. work has N elements, the sums in front.
@@ -97,9 +175,9 @@ bool directDct(const R* src, R* dst, int len, bool inverse)
 {
     const auto fill = [=](double* cosines) {
         for (std::uint64_t i = 0; i < 4 * std::uint64_t(len); i++)
-            cosines[i] = double(std::cos(dctAngle<long double>(i, len)));
+            cosines[i] = double(std::cos(dctAngle(i, len)));
     };
-    const Borrowed<double> table{dctShelf<double>, len, 4 * std::uint64_t(len), fill};
+    const Borrowed<double> table{dctShelf, len, 4 * std::uint64_t(len), fill};
     const auto N = std::size_t(len);
     Buffer<double> work{N};
     if (!table || !work)
@@ -121,54 +199,53 @@ bool directDct(const R* src, R* dst, int len, bool inverse)
 // Makhoul, A fast cosine transform in one and two dimensions, IEEE Trans. ASSP 28 (1980).
 
 // turns[k] = sqrt(2 / N) (cos, sin)(pi k / (2 N)), k = 0 ... count - 1
-template <class R>
-void fillTurns(int N, std::size_t count, R* turns)
+inline void fillTurns(int N, std::size_t count, double* turns)
 {
-    using Wide = typename Wider<R>::Type;
-    const Wide scale = std::sqrt(2 / Wide(N));
+    const long double scale = std::sqrt(2 / static_cast<long double>(N));
     for (std::size_t k = 0; k < count; k++) {
-        const Wide angle = dctAngle<Wide>(k, N);
-        turns[2 * k] = R(scale * std::cos(angle));
-        turns[2 * k + 1] = R(scale * std::sin(angle));
+        turns[2 * k] = double(scale * std::cos(dctAngle(k, N)));
+        turns[2 * k + 1] = double(scale * std::sin(dctAngle(k, N)));
     }
 }
 
-// Powers of two: the spectrum of a real FFT, which holds the pairs up to N/2.
+// Powers of two: the spectrum of a real FFT, which holds the pairs up to N/2. dst[N/2]: sqrt(2 / N) cos(pi / 4) is
+// first.
 template <class R>
-void fastForwardDct(const R* src, R* dst, int order, const R* turns, R* work, const Workspace<R>& space)
+void fastForwardDct(const R* src, R* dst, int order, const double* turns, double* work, const Workspace<double>& space)
 {
     const std::size_t N = std::size_t{1} << order;
     for (std::size_t n = 0; n < N / 2; n++) {
-        work[n] = src[2 * n];
-        work[N - 1 - n] = src[2 * n + 1];
+        work[n] = double(src[2 * n]);
+        work[N - 1 - n] = double(src[2 * n + 1]);
     }
-    realToSpectrum<R>(work, work, permLayout(order), order, ARK_Forw, space);
-    const R first = R(1 / std::sqrt(double(N)));
-    dst[0] = work[0] * first;
-    dst[N / 2] = work[1] * first; // sqrt(2 / N) cos(pi / 4)
+    realToSpectrum<double>(work, work, permLayout(order), order, ARK_Forw, space);
+    const double first = 1 / std::sqrt(double(N));
+    dst[0] = R(work[0] * first);
+    dst[N / 2] = R(work[1] * first);
     for (std::size_t k = 1; k < N / 2; k++) {
-        const R re = work[2 * k], im = work[2 * k + 1], cosine = turns[2 * k], sine = turns[2 * k + 1];
-        dst[k] = re * cosine + im * sine;
-        dst[N - k] = re * sine - im * cosine;
+        const double re = work[2 * k], im = work[2 * k + 1], cosine = turns[2 * k], sine = turns[2 * k + 1];
+        dst[k] = R(re * cosine + im * sine);
+        dst[N - k] = R(re * sine - im * cosine);
     }
 }
 
 template <class R>
-void fastInverseDct(const R* src, R* dst, int order, const R* turns, R* work, const Workspace<R>& space)
+void fastInverseDct(const R* src, R* dst, int order, const double* turns, double* work, const Workspace<double>& space)
 {
     const std::size_t N = std::size_t{1} << order;
-    const R first = R(1 / std::sqrt(double(N)));
-    work[0] = src[0] * first;
-    work[1] = src[N / 2] * first;
+    const double first = 1 / std::sqrt(double(N));
+    work[0] = double(src[0]) * first;
+    work[1] = double(src[N / 2]) * first;
     for (std::size_t k = 1; k < N / 2; k++) {
-        const R a = src[k] / 2, b = src[N - k] / 2, cosine = turns[2 * k], sine = turns[2 * k + 1];
+        const double a = double(src[k]) / 2, b = double(src[N - k]) / 2;
+        const double cosine = turns[2 * k], sine = turns[2 * k + 1];
         work[2 * k] = a * cosine + b * sine;
         work[2 * k + 1] = a * sine - b * cosine;
     }
-    spectrumToReal<R>(work, work, permLayout(order), order, ARK_Inv | ARK_NoScale, space);
+    spectrumToReal<double>(work, work, permLayout(order), order, ARK_Inv | ARK_NoScale, space);
     for (std::size_t n = 0; n < N / 2; n++) {
-        dst[2 * n] = work[n];
-        dst[2 * n + 1] = work[N - 1 - n];
+        dst[2 * n] = R(work[n]);
+        dst[2 * n + 1] = R(work[N - 1 - n]);
     }
 }
 
@@ -176,12 +253,12 @@ template <class R>
 bool fastDct(const R* src, R* dst, int len, bool inverse)
 {
     const int order = std::countr_zero(unsigned(len));
-    Workspace<R> space;
+    Workspace<double> space;
     if (!obtain(ccsKind, order, space))
         return false;
-    const Borrowed<R> table{dctShelf<R>, len, std::uint64_t(len),
-                            [=](R* turns) { fillTurns(len, std::size_t(len) / 2, turns); }};
-    Buffer<R> work{std::size_t(len)};
+    const Borrowed<double> table{dctShelf, len, std::uint64_t(len),
+                                 [=](double* turns) { fillTurns(len, std::size_t(len) / 2, turns); }};
+    Buffer<double> work{std::size_t(len)};
     if (!table || !work)
         return false;
     const auto compute = inverse ? &fastInverseDct<R> : &fastForwardDct<R>;
@@ -197,7 +274,7 @@ bool chirpDct(const R* src, R* dst, int len, bool inverse)
     if (!obtainChirpSpace(len, space))
         return false;
     const std::size_t N = std::size_t(len), size = chirpSize(len);
-    const Borrowed<double> table{dctShelf<double>, len, size + 2 * std::uint64_t{N}, [&](double* values) {
+    const Borrowed<double> table{dctShelf, len, size + 2 * std::uint64_t{N}, [&](double* values) {
                                      fillChirp(len, space, values);
                                      fillTurns(len, N, values + size);
                                  }};
@@ -242,16 +319,20 @@ bool dctGood(Where at, const R* src, const R* dst, int len, int flags)
 template <class R>
 bool computeDct(const R* src, R* dst, int len, int flags)
 {
-    if (len == 1) {
-        dst[0] = src[0];
-        return true;
-    }
     const bool inverse = has(flags, ARK_Inv);
-    if (std::has_single_bit(unsigned(len)))
-        return computedWithin<R>([=] { return fastDct(src, dst, len, inverse); });
-    if (len <= longestSummedDct)
-        return directDct(src, dst, len, inverse);
-    return computedWithin<double>([=] { return chirpDct(src, dst, len, inverse); });
+    switch (len) {
+    case 1: return tinyDct<1>(src, dst, inverse);
+    case 2: return tinyDct<2>(src, dst, inverse);
+    case 4: return tinyDct<4>(src, dst, inverse);
+    case 8: return tinyDct<8>(src, dst, inverse);
+    case 16: return tinyDct<16>(src, dst, inverse);
+    default: break;
+    }
+    return computedWithin([=] {
+        return std::has_single_bit(unsigned(len)) ? fastDct(src, dst, len, inverse)
+               : len <= longestSummedDct          ? directDct(src, dst, len, inverse)
+                                                  : chirpDct(src, dst, len, inverse);
+    });
 }
 
 inline constexpr const char* noDctMemory = "\nMemory allocation problem\n";

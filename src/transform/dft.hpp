@@ -123,7 +123,7 @@ void dft(Where at, const C* x, C* y, int len, int flags)
         return;
     const bool inverse = has(flags, ARK_Inv);
     const double scale = inverse && !has(flags, ARK_NoScale) ? 1 / double(len) : 1;
-    if (!computedWithin<double>([=] { return computeDft(x, y, len, tw, inverse, scale); }))
+    if (!computedWithin([=] { return computeDft(x, y, len, tw, inverse, scale); }))
         outOfMemory(at, "NULL Pointer");
 }
 

@@ -52,10 +52,10 @@ std::vector<long double> model(const std::vector<T>& src, bool inverse)
 void dct(const float* src, float* dst, int len, int flags) { arksDct(src, dst, len, flags); }
 void dct(const double* src, double* dst, int len, int flags) { arkdDct(src, dst, len, flags); }
 
-// Relative to the root of the sum of squares, which the transform keeps: rounding to the type, and some roundings of
-// each pass of the FFTs.
+// Relative to the root of the mean square, which the transform keeps: rounding to the type of results that are a few
+// times as large, and some roundings to double of each pass of the FFTs.
 template <class T>
-constexpr double tolerance = std::is_same_v<T, float> ? 2.5e-7 : 6e-16;
+constexpr double tolerance = std::is_same_v<T, float> ? 3e-7 : 3e-15;
 
 template <class T>
 double errorOf(const std::vector<T>& got, const std::vector<long double>& wanted)
@@ -65,7 +65,7 @@ double errorOf(const std::vector<T>& got, const std::vector<long double>& wanted
         off = std::max(off, std::fabs(got[i] - wanted[i]));
         size += wanted[i] * wanted[i];
     }
-    return double(off / std::sqrt(size));
+    return double(off / std::sqrt(size / static_cast<long double>(wanted.size())));
 }
 
 std::vector<int> lengths()

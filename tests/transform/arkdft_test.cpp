@@ -72,16 +72,16 @@ template <>
 struct MemberOf<FloatCplx> {
     static constexpr auto dft = arkcDft;
     // Half an ulp of the result and, for the sums, the rounding of the table's roots, which adds up as noise does.
-    static constexpr double tolerance = 1e-7;
+    static constexpr double tolerance = 3e-7;
 };
 template <>
 struct MemberOf<DoubleCplx> {
     static constexpr auto dft = arkzDft;
     // Units of 2^-53 for each of up to some twenty passes, and the table's step, 2^-54 off, over the circle.
-    static constexpr double tolerance = 3e-15;
+    static constexpr double tolerance = 5e-15;
 };
 
-// Relative to the root of the sum of squares of the results.
+// Relative to the root of the mean square of the results.
 template <class C>
 double errorOf(const std::vector<C>& got, const std::vector<Sum>& wanted)
 {
@@ -90,7 +90,7 @@ double errorOf(const std::vector<C>& got, const std::vector<Sum>& wanted)
         off = std::max({off, std::fabs(got[i].re - wanted[i].re), std::fabs(got[i].im - wanted[i].im)});
         size += wanted[i].re * wanted[i].re + wanted[i].im * wanted[i].im;
     }
-    return double(off / std::sqrt(size));
+    return double(off / std::sqrt(size / static_cast<long double>(wanted.size())));
 }
 
 template <class C>
