@@ -439,10 +439,10 @@ ARKPX_API ShortCplx  arkvbGoertz(ArksGoertzState* state, const ShortCplx* samps,
  * problem\n", when it is short even without the tables that the transforms of the thread keep for themselves.
  *
  * Module arkdct. Allocates: never for 1, 2, 4, 8 and 16; else every call, len doubles, for a convolution up to 4 len
- * complex ones (arkwDct always, and len floats besides). On the first use of a length, a table: those of the 8 lengths
- * used last are kept for the whole process, until ARK_Free. Any number of threads may transform any lengths at the same
- * time, also while one frees: who uses a table owns it meanwhile, and the others make their own. The FFTs' tables belong
- * to the calling thread, as those above.
+ * complex ones, half of it when len is even; arkwDct always, and len floats besides. On the first use of a length, a table:
+ * those of the 8 lengths used last are kept for the whole process, until ARK_Free. Any number of threads may transform any
+ * lengths at the same time, also while one frees: who uses a table owns it meanwhile, and the others make their own. The
+ * FFTs' tables belong to the calling thread, as those above.
  * --------------------------------------------------------------------------------------------------------------- */
 ARKPX_API void arksDct(const float* src, float* dst, int len, int flags);
 ARKPX_API void arkdDct(const double* src, double* dst, int len, int flags);

@@ -16,8 +16,8 @@
 
 namespace ark {
 
-// The tables of the lengths used last. What a table holds depends on its length alone: the rotations of fastDct, the
-// cosines of the sums, or what chirpDct works with. Everything is computed in double precision.
+// The tables of the lengths used last. What a table holds depends on its length alone: the cosines of
+// the sums, or what the FFTs are surrounded with. Everything is computed in double precision.
 inline constinit Shelf<SharedTable<double>> dctShelf;
 
 inline void dctFree() { dctShelf.clear(); }
@@ -118,7 +118,7 @@ inline long double dctAngle(std::uint64_t i, int N)
 // The folded input: with d[n] = x[n] - x[N-1-n] the odd outputs, with s[n] = x[n] + x[N-1-n] the even ones are half as
 // long. work has N elements, the sums in front.
 template <class R>
-void directDct(const R* src, R* dst, std::size_t N, const double* cosines, double* work)
+void sumDct(const R* src, R* dst, std::size_t N, const double* cosines, double* work)
 {
     const std::size_t half = N / 2;
     double *const sums = work, *const differences = work + (N + 1) / 2;
@@ -146,7 +146,7 @@ void directDct(const R* src, R* dst, std::size_t N, const double* cosines, doubl
 
 // The even and the odd terms apart: their sum is x[n], their difference x[N-1-n].
 template <class R>
-void directInverseDct(R* dst, std::size_t N, const double* cosines, const double* scaled)
+void sumInverseDct(R* dst, std::size_t N, const double* cosines, const double* scaled)
 {
     for (std::size_t n = 0; n < (N + 1) / 2; n++) {
         const std::size_t step = 2 * n + 1;
@@ -171,7 +171,7 @@ void directInverseDct(R* dst, std::size_t N, const double* cosines, const double
 }
 
 template <class R>
-bool directDct(const R* src, R* dst, int len, bool inverse)
+bool summedDct(const R* src, R* dst, int len, bool inverse)
 {
     const auto fill = [=](double* cosines) {
         for (std::uint64_t i = 0; i < 4 * std::uint64_t(len); i++)
@@ -183,13 +183,13 @@ bool directDct(const R* src, R* dst, int len, bool inverse)
     if (!table || !work)
         return false;
     if (!inverse) {
-        directDct(src, dst, N, table.values(), work.data());
+        sumDct(src, dst, N, table.values(), work.data());
         return true;
     }
     const double first = 1 / std::sqrt(double(N)), rest = std::numbers::sqrt2 * first;
     for (std::size_t k = 0; k < N; k++)
         work[k] = double(src[k]) * (k ? rest : first);
-    directInverseDct(dst, N, table.values(), work.data());
+    sumInverseDct(dst, N, table.values(), work.data());
     return true;
 }
 
@@ -198,27 +198,29 @@ bool directDct(const R* src, R* dst, int len, bool inverse)
 // With V its spectrum and t = pi k / (2 N), V[k] e^(-i t) = y[k] - i y[N-k] but for the scale, y[N] = 0. Source: J.
 // Makhoul, A fast cosine transform in one and two dimensions, IEEE Trans. ASSP 28 (1980).
 
-// turns[k] = sqrt(2 / N) (cos, sin)(pi k / (2 N)), k = 0 ... count - 1
-inline void fillTurns(int N, std::size_t count, double* turns)
+// turns[k] = scale (cos, sin)(pi k step / (2 N)), k = 0 ... count - 1
+inline void fillTurns(int N, std::uint64_t step, long double scale, std::size_t count, double* turns)
 {
-    const long double scale = std::sqrt(2 / static_cast<long double>(N));
     for (std::size_t k = 0; k < count; k++) {
-        turns[2 * k] = double(scale * std::cos(dctAngle(k, N)));
-        turns[2 * k + 1] = double(scale * std::sin(dctAngle(k, N)));
+        turns[2 * k] = double(scale * std::cos(dctAngle(k * step, N)));
+        turns[2 * k + 1] = double(scale * std::sin(dctAngle(k * step, N)));
     }
 }
-
-// Powers of two: the spectrum of a real FFT, which holds the pairs up to N/2. dst[N/2]: sqrt(2 / N) cos(pi / 4) is
-// first.
-template <class R>
-void fastForwardDct(const R* src, R* dst, int order, const double* turns, double* work, const Workspace<double>& space)
+inline void fillScaledTurns(int N, std::size_t count, double* turns)
 {
-    const std::size_t N = std::size_t{1} << order;
+    fillTurns(N, 1, std::sqrt(2 / static_cast<long double>(N)), count, turns);
+}
+
+// Even lengths. transform(work) takes N reals to the half of their spectrum in RCPerm, V[0] and V[N/2] in front, and in
+// the inverse back, unscaled. Element N/2: sqrt(2 / N) cos(pi / 4) = sqrt(1 / N).
+template <class R, class Transform>
+void evenDct(const R* src, R* dst, std::size_t N, const double* turns, double* work, Transform transform)
+{
     for (std::size_t n = 0; n < N / 2; n++) {
         work[n] = double(src[2 * n]);
         work[N - 1 - n] = double(src[2 * n + 1]);
     }
-    realToSpectrum<double>(work, work, permLayout(order), order, ARK_Forw, space);
+    transform(work);
     const double first = 1 / std::sqrt(double(N));
     dst[0] = R(work[0] * first);
     dst[N / 2] = R(work[1] * first);
@@ -228,11 +230,9 @@ void fastForwardDct(const R* src, R* dst, int order, const double* turns, double
         dst[N - k] = R(re * sine - im * cosine);
     }
 }
-
-template <class R>
-void fastInverseDct(const R* src, R* dst, int order, const double* turns, double* work, const Workspace<double>& space)
+template <class R, class Transform>
+void evenInverseDct(const R* src, R* dst, std::size_t N, const double* turns, double* work, Transform transform)
 {
-    const std::size_t N = std::size_t{1} << order;
     const double first = 1 / std::sqrt(double(N));
     work[0] = double(src[0]) * first;
     work[1] = double(src[N / 2]) * first;
@@ -242,33 +242,100 @@ void fastInverseDct(const R* src, R* dst, int order, const double* turns, double
         work[2 * k] = a * cosine + b * sine;
         work[2 * k + 1] = a * sine - b * cosine;
     }
-    spectrumToReal<double>(work, work, permLayout(order), order, ARK_Inv | ARK_NoScale, space);
+    transform(work);
     for (std::size_t n = 0; n < N / 2; n++) {
         dst[2 * n] = R(work[n]);
         dst[2 * n + 1] = R(work[N - 1 - n]);
     }
 }
 
+// Powers of two.
 template <class R>
 bool fastDct(const R* src, R* dst, int len, bool inverse)
 {
     const int order = std::countr_zero(unsigned(len));
+    const auto N = std::size_t(len);
     Workspace<double> space;
     if (!obtain(ccsKind, order, space))
         return false;
-    const Borrowed<double> table{dctShelf, len, std::uint64_t(len),
-                                 [=](double* turns) { fillTurns(len, std::size_t(len) / 2, turns); }};
-    Buffer<double> work{std::size_t(len)};
+    const Borrowed<double> table{dctShelf, len, N, [=](double* turns) { fillScaledTurns(len, N / 2, turns); }};
+    Buffer<double> work{N};
     if (!table || !work)
         return false;
-    const auto compute = inverse ? &fastInverseDct<R> : &fastForwardDct<R>;
-    compute(src, dst, order, table.values(), work.data(), space);
+    const SpectrumLayout layout = permLayout(order);
+    if (inverse)
+        evenInverseDct(src, dst, N, table.values(), work.data(),
+                       [=](double* x) { spectrumToReal<double>(x, x, layout, order, ARK_Inv | ARK_NoScale, space); });
+    else
+        evenDct(src, dst, N, table.values(), work.data(),
+                [=](double* x) { realToSpectrum<double>(x, x, layout, order, ARK_Forw, space); });
     return true;
 }
 
-// Other lengths: a complex spectrum by the chirp, forward in both directions, since the inverse's result is real.
+// From the spectrum Z of N/2 complex numbers, made of neighbouring reals, to the reals' V, and back, unscaled, to the
+// conjugate of Z. turns[k] = (cos, sin)(2 pi k / N).
+inline void recombineToSpectrum(DoubleCplx* z, std::size_t half, const double* turns)
+{
+    z[0] = {z[0].re + z[0].im, z[0].re - z[0].im};
+    for (std::size_t k = 1; 2 * k <= half; k++) {
+        const DoubleCplx a = z[k], b = z[half - k];
+        const DoubleCplx even{(a.re + b.re) / 2, (a.im - b.im) / 2}, odd{(a.im + b.im) / 2, (b.re - a.re) / 2};
+        const double cosine = turns[2 * k], sine = turns[2 * k + 1];
+        const DoubleCplx turned{odd.re * cosine + odd.im * sine, odd.im * cosine - odd.re * sine};
+        z[k] = {even.re + turned.re, even.im + turned.im};
+        z[half - k] = {even.re - turned.re, turned.im - even.im};
+    }
+}
+inline void recombineToReal(DoubleCplx* z, std::size_t half, const double* turns)
+{
+    z[0] = {z[0].re + z[0].im, z[0].im - z[0].re};
+    for (std::size_t k = 1; 2 * k <= half; k++) {
+        const DoubleCplx a = z[k], b = z[half - k];
+        const DoubleCplx even{a.re + b.re, a.im - b.im}, odd{a.re - b.re, a.im + b.im};
+        const double cosine = turns[2 * k], sine = turns[2 * k + 1];
+        const DoubleCplx turned{-(odd.re * sine + odd.im * cosine), odd.re * cosine - odd.im * sine}; // times i
+        z[k] = {even.re + turned.re, -(even.im + turned.im)};
+        z[half - k] = {even.re - turned.re, even.im - turned.im};
+    }
+}
+
+// Other even lengths: the chirp serves half the length.
 template <class R>
-bool chirpDct(const R* src, R* dst, int len, bool inverse)
+bool evenChirpDct(const R* src, R* dst, int len, bool inverse)
+{
+    const int half = len / 2;
+    const auto N = std::size_t(len), H = std::size_t(half);
+    Workspace<double> space;
+    if (!obtainChirpSpace(half, space))
+        return false;
+    const std::size_t size = chirpSize(half);
+    const Borrowed<double> table{dctShelf, len, size + 2 * std::uint64_t{H} + H + 2, [&](double* values) {
+                                     fillChirp(half, space, values);
+                                     fillScaledTurns(len, H, values + size);
+                                     fillTurns(len, 4, 1, H / 2 + 1, values + size + 2 * H);
+                                 }};
+    Buffer<DoubleCplx> z{std::size_t{1} << chirpOrder(half)};
+    if (!table || !z)
+        return false;
+    const double *const turns = table.values() + size, *const halfTurns = turns + 2 * H;
+    if (inverse)
+        evenInverseDct(src, dst, N, turns, partsOf(z.data()), [&](double* x) {
+            recombineToReal(z.data(), H, halfTurns);
+            chirpDft(z.data(), half, table.values(), space);
+            for (std::size_t n = 1; n < N; n += 2)
+                x[n] = -x[n];
+        });
+    else
+        evenDct(src, dst, N, turns, partsOf(z.data()), [&](double*) {
+            chirpDft(z.data(), half, table.values(), space);
+            recombineToSpectrum(z.data(), H, halfTurns);
+        });
+    return true;
+}
+
+// Odd lengths: a complex spectrum, forward in both directions, since the inverse's result is real.
+template <class R>
+bool oddChirpDct(const R* src, R* dst, int len, bool inverse)
 {
     Workspace<double> space;
     if (!obtainChirpSpace(len, space))
@@ -276,7 +343,7 @@ bool chirpDct(const R* src, R* dst, int len, bool inverse)
     const std::size_t N = std::size_t(len), size = chirpSize(len);
     const Borrowed<double> table{dctShelf, len, size + 2 * std::uint64_t{N}, [&](double* values) {
                                      fillChirp(len, space, values);
-                                     fillTurns(len, N, values + size);
+                                     fillScaledTurns(len, N, values + size);
                                  }};
     Buffer<DoubleCplx> z{std::size_t{1} << chirpOrder(len)};
     if (!table || !z)
@@ -328,11 +395,12 @@ bool computeDct(const R* src, R* dst, int len, int flags)
     case 16: return tinyDct<16>(src, dst, inverse);
     default: break;
     }
-    return computedWithin([=] {
-        return std::has_single_bit(unsigned(len)) ? fastDct(src, dst, len, inverse)
-               : len <= longestSummedDct          ? directDct(src, dst, len, inverse)
-                                                  : chirpDct(src, dst, len, inverse);
-    });
+    const bool isPower = std::has_single_bit(unsigned(len));
+    const auto compute = isPower                   ? &fastDct<R>
+                         : len <= longestSummedDct ? &summedDct<R>
+                         : len % 2                 ? &oddChirpDct<R>
+                                                   : &evenChirpDct<R>;
+    return computedWithin([=] { return compute(src, dst, len, inverse); });
 }
 
 inline constexpr const char* noDctMemory = "\nMemory allocation problem\n";
