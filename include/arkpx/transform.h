@@ -312,7 +312,7 @@ ARKPX_API void arkwMpyRCPerm3(const short* srcA, const short* srcB, short* dst, 
  *   ARK_Inv    y[m] = 1/len * sum over k of x[k] e^(+2 pi i k m / len)          with ARK_NoScale: without 1/len
  *
  * len elements in each array, any len >= 1, primes too. x and y may overlap in any way: a copy of x is transformed. All
- * is computed in double precision and rounded to the type at the end. Powers of two take an FFT, other lengths up to 32
+ * is computed in double precision and rounded to the type at the end. Powers of two take an FFT, other lengths up to 23
  * the sums, with the roots of the table that arkcGetDftTwdTbl or arkzGetDftTwdTbl hands out; longer ones a convolution by
  * FFTs of at least 2 len - 1 elements (Bluestein, 1970), whose time grows as len log len. arkvDft computes arkcDft of the
  * samples as floats; its results are rounded and brought to 16 bits as those of the 16-bit transforms above, a negative
@@ -425,7 +425,7 @@ ARKPX_API ShortCplx  arkvbGoertz(ArksGoertzState* state, const ShortCplx* samps,
  *
  * n = 0 ... N-1, N = len >= 1, any. The transform is orthonormal: each direction undoes the other, up to rounding. src and
  * dst may overlap in any way. All is computed in double precision and rounded to the type at the end. Powers of two take
- * one real FFT, from 32 on; other lengths up to 32 the sums, longer ones a convolution by complex FFTs (Makhoul, 1980;
+ * one real FFT, from 32 on; other lengths up to 23 the sums, longer ones a convolution by complex FFTs (Makhoul, 1980;
  * Bluestein, 1970).
  * arkwDct is arksDct of the samples, whose results it rounds to the nearest integer (ties to even) and saturates: a
  * constant c has the coefficient c sqrt(N).

@@ -23,7 +23,7 @@ inline constinit Shelf<SharedTable<double>> dctShelf;
 inline void dctFree() { dctShelf.clear(); }
 
 // Up to here the sums are quicker than the FFTs of a length that is no power of two.
-inline constexpr int longestSummedDct = 32;
+inline constexpr int longestSummedDct = 23;
 
 // ---- powers of two up to 16: without tables and memory ----
 
@@ -108,7 +108,7 @@ bool tinyDct(const R* src, R* dst, bool inverse)
     return true;
 }
 
-// ---- other lengths up to 32: the sums, over the cosines of all multiples of pi / (2 N) ----
+// ---- other lengths up to 23: the sums, over the cosines of all multiples of pi / (2 N) ----
 
 inline long double dctAngle(std::uint64_t i, int N)
 {

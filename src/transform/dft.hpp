@@ -27,7 +27,7 @@ Slot& chirpSlot(int len)
 }
 
 // Up to here the sums are quicker than two FFTs and more.
-inline constexpr int longestSummedDft = 32;
+inline constexpr int longestSummedDft = 23;
 
 // The sums, of elements k and len - k folded into their sum and their difference: the sums meet the cosines only, the
 // differences the sines only, and y[m] and y[len - m] are the sum and the difference of the same two sums.
