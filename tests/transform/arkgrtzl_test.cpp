@@ -3,11 +3,11 @@
 #include "support/guarded.hpp"
 #include "support/random.hpp"
 #include "support/reports.hpp"
+#include "support/to_short.hpp"
 
 #include <arkpx.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <climits>
 #include <cmath>
 #include <cstddef>
@@ -200,16 +200,6 @@ TYPED_TEST(Goertzel, ReportsTheFirstFailureWhateverTheStatus)
 
 // ---- 16 bits ----
 
-int roundedToEven(float x) { return int(std::nearbyint(x)); }
-
-short converted(float value, int mode, int factor)
-{
-    const long long whole = roundedToEven(value);
-    const long long shifted = mode < ARK_FIXED_SCALE ? whole : factor >= 0 ? whole >> factor : whole * (1LL << -factor);
-    const bool clamps = mode == ARK_SATURATE || mode == 3;
-    return short(clamps ? std::clamp<long long>(shifted, -32768, 32767) : shifted);
-}
-
 template <class T, auto floatFeed, auto feed, auto block>
 void checkShort(auto toFloat)
 {
@@ -232,19 +222,11 @@ void checkShort(auto toFloat)
                 const ShortCplx ofBlock = block(&blocks, x.data(), n, mode, &blockFactor);
                 ASSERT_EQ(std::memcmp(&single, &floats, sizeof single), 0);
                 ASSERT_EQ(std::memcmp(&blocks, &floats, sizeof single), 0);
-                if (mode == ARK_AUTO_SCALE) {
-                    const float largest = std::max(std::fabs(exact.re), std::fabs(exact.im));
-                    int wanted = 0;
-                    while (roundedToEven(largest) >> wanted > 32767)
-                        wanted++;
-                    ASSERT_EQ(factor, wanted);
-                    ASSERT_EQ(blockFactor, wanted);
-                } else {
-                    ASSERT_EQ(factor, given);
-                }
-                const short wantedRe = converted(exact.re, mode, factor), wantedIm = converted(exact.im, mode, factor);
-                ASSERT_TRUE(last.re == wantedRe && last.im == wantedIm) << mode << ", " << given;
-                ASSERT_TRUE(ofBlock.re == wantedRe && ofBlock.im == wantedIm) << mode << ", " << given;
+                const int chosen = mode == ARK_AUTO_SCALE ? automaticFactorOf(std::vector{exact}) : given;
+                ASSERT_TRUE(factor == chosen && blockFactor == chosen);
+                const ShortCplx wanted = toShort(exact, mode, chosen, false);
+                ASSERT_TRUE(last.re == wanted.re && last.im == wanted.im) << mode << ", " << given;
+                ASSERT_TRUE(ofBlock.re == wanted.re && ofBlock.im == wanted.im) << mode << ", " << given;
             }
         }
 }
