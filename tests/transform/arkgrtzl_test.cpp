@@ -82,6 +82,13 @@ std::vector<T> noise(int n)
     return x;
 }
 
+template <class T>
+bool sameBits(const T& a, const T& b)
+{
+    const void *const first = &a, *const second = &b;
+    return std::memcmp(first, second, sizeof a) == 0;
+}
+
 struct Sum {
     long double re = 0, im = 0;
 };
@@ -134,13 +141,13 @@ TYPED_TEST(Goertzel, ABlockIsItsSamplesOneByOneToTheBit)
         auto last = fromBlock;
         for (const T sample : x)
             last = TypeParam::feed(&single, sample);
-        ASSERT_EQ(std::memcmp(&single, &block, sizeof single), 0) << n;
-        ASSERT_EQ(std::memcmp(&last, &fromBlock, sizeof last), 0) << n;
+        ASSERT_TRUE(sameBits(single, block)) << n;
+        ASSERT_TRUE(sameBits(last, fromBlock)) << n;
     }
     State fresh;
     TypeParam::init(single.freq, &fresh);
     TypeParam::reset(&single);
-    EXPECT_EQ(std::memcmp(&single, &fresh, sizeof single), 0) << "reset";
+    EXPECT_TRUE(sameBits(single, fresh)) << "reset";
     EXPECT_FLOAT_EQ(float(fresh.cosW), std::cos(0.0871f * 6.2831853f));
     EXPECT_FLOAT_EQ(float(fresh.sinW), std::sin(0.0871f * 6.2831853f));
     EXPECT_EQ(fresh.coef, 2 * fresh.cosW);
@@ -179,7 +186,7 @@ TYPED_TEST(Goertzel, AcceptsFrequenciesBetweenZeroAndAHalf)
                          Limits::quiet_NaN(), -Limits::quiet_NaN()}) {
         TypeParam::init(freq, &state);
         EXPECT_EQ(reports.messages(), Messages{"Invalid frequency value"}) << freq;
-        EXPECT_EQ(std::memcmp(&state, &before, sizeof state), 0);
+        EXPECT_TRUE(sameBits(state, before));
     }
 }
 
@@ -220,8 +227,8 @@ void checkShort(auto toFloat)
                     exact = floatFeed(&floats, toFloat(sample));
                 }
                 const ShortCplx ofBlock = block(&blocks, x.data(), n, mode, &blockFactor);
-                ASSERT_EQ(std::memcmp(&single, &floats, sizeof single), 0);
-                ASSERT_EQ(std::memcmp(&blocks, &floats, sizeof single), 0);
+                ASSERT_TRUE(sameBits(single, floats));
+                ASSERT_TRUE(sameBits(blocks, floats));
                 const int chosen = mode == ARK_AUTO_SCALE ? automaticFactorOf(std::vector{exact}) : given;
                 ASSERT_TRUE(factor == chosen && blockFactor == chosen);
                 const ShortCplx wanted = toShort(exact, mode, chosen, false);
@@ -261,7 +268,7 @@ TEST(ShortGoertzel, ReportsInTheirOrder)
     EXPECT_EQ(reports.messages(), (Messages{"Null state pointer", "Zero scale factor pointer", "Too large scale factor",
                                             "Too large scale factor", "Too large scale factor", "Erroneus scale mode",
                                             "Null buffer pointer", "Invalid array length"}));
-    EXPECT_EQ(std::memcmp(&state, &before, sizeof state), 0);
+    EXPECT_TRUE(sameBits(state, before));
     factor = 14;
     arkwGoertz(&state, x, ARK_SATURATE, &factor);
     EXPECT_EQ(reports.messages(), Messages{});
