@@ -38,7 +38,8 @@ struct Case {
     double bytes;                             // read and written for each element
     std::function<Contenders(int n)> prepare; // makes arrays of n elements and whatever else a contender needs
     std::vector<int> sizes{1, 64, 1024, 1000000};
-    double (*operations)(int n) = nullptr; // floating-point ones of the whole work: shown as a rate in place of the bytes
+    double (*operations)(int n) =
+        nullptr; // floating-point ones of the whole work: shown as a rate in place of the bytes
 };
 
 // One table of results. Enters itself into the program's list.

@@ -22,8 +22,8 @@ std::function<void()> running(Plan plan, Destroy destroy, Execute execute)
 
 inline std::function<void()> fftwCplx(float* in, float* out, int n, int sign)
 {
-    return running(fftwf_plan_dft_1d(n, reinterpret_cast<fftwf_complex*>(in), reinterpret_cast<fftwf_complex*>(out), sign,
-                                     FFTW_MEASURE),
+    return running(fftwf_plan_dft_1d(n, reinterpret_cast<fftwf_complex*>(in), reinterpret_cast<fftwf_complex*>(out),
+                                     sign, FFTW_MEASURE),
                    fftwf_destroy_plan, fftwf_execute);
 }
 inline std::function<void()> fftwCplx(double* in, double* out, int n, int sign)
@@ -34,8 +34,8 @@ inline std::function<void()> fftwCplx(double* in, double* out, int n, int sign)
 }
 inline std::function<void()> fftwReal(float* in, float* out, int n)
 {
-    return running(fftwf_plan_dft_r2c_1d(n, in, reinterpret_cast<fftwf_complex*>(out), FFTW_MEASURE), fftwf_destroy_plan,
-                   fftwf_execute);
+    return running(fftwf_plan_dft_r2c_1d(n, in, reinterpret_cast<fftwf_complex*>(out), FFTW_MEASURE),
+                   fftwf_destroy_plan, fftwf_execute);
 }
 inline std::function<void()> fftwReal(double* in, double* out, int n)
 {
@@ -44,8 +44,13 @@ inline std::function<void()> fftwReal(double* in, double* out, int n)
 }
 inline std::function<void()> fftwInverseReal(float* in, float* out, int n)
 {
-    return running(fftwf_plan_dft_c2r_1d(n, reinterpret_cast<fftwf_complex*>(in), out, FFTW_MEASURE), fftwf_destroy_plan,
-                   fftwf_execute);
+    return running(fftwf_plan_dft_c2r_1d(n, reinterpret_cast<fftwf_complex*>(in), out, FFTW_MEASURE),
+                   fftwf_destroy_plan, fftwf_execute);
+}
+inline std::function<void()> fftwInverseReal(double* in, double* out, int n)
+{
+    return running(fftw_plan_dft_c2r_1d(n, reinterpret_cast<fftw_complex*>(in), out, FFTW_MEASURE), fftw_destroy_plan,
+                   fftw_execute);
 }
 
 } // namespace bench

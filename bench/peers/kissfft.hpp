@@ -14,9 +14,7 @@ namespace bench {
 inline std::function<void()> kissfftCplx(float* in, float* out, int n)
 {
     const std::shared_ptr<kiss_fft_state> plan(kiss_fft_alloc(n, 0, nullptr, nullptr), kiss_fft_free);
-    return [=] {
-        kiss_fft(plan.get(), reinterpret_cast<kiss_fft_cpx*>(in), reinterpret_cast<kiss_fft_cpx*>(out));
-    };
+    return [=] { kiss_fft(plan.get(), reinterpret_cast<kiss_fft_cpx*>(in), reinterpret_cast<kiss_fft_cpx*>(out)); };
 }
 inline std::function<void()> kissfftReal(float* in, float* out, int n)
 {

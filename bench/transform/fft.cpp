@@ -1,5 +1,5 @@
-// Complex and real FFT. In place, what is transformed is overwritten again and again; unscaled spectra would overflow, so
-// the arrays hold zeros there, which no transform is quicker with.
+// Complex and real FFT. In place, what is transformed is overwritten again and again; unscaled spectra would overflow,
+// so the arrays hold zeros there, which no transform is quicker with.
 #include "driver.hpp"
 #include "peers/fftw.hpp"
 #include "peers/kissfft.hpp"
@@ -77,7 +77,8 @@ const bench::Family cplxFft{
                                FFTW(bench::fftwCplx(x, x, n, FFTW_FORWARD))};
          },
          orders(1, 22), cplxOperations},
-        {"float, first call", 16,
+        {"float, first call",
+         16,
          [](int n) {
              const Array<float> x(2 * n, zero);
              return Contenders{{"arkpx", [=] {
@@ -85,7 +86,8 @@ const bench::Family cplxFft{
                                     arkcFft(cplx(x), orderOf(n), ARK_Forw);
                                 }}};
          },
-         {1 << 4, 1 << 10, 1 << 16, 1 << 20}, cplxOperations},
+         {1 << 4, 1 << 10, 1 << 16, 1 << 20},
+         cplxOperations},
     }};
 
 const bench::Family realFft{

@@ -77,7 +77,8 @@ void Table::print() const
 }
 
 Demo::Demo(std::filesystem::path folder, const std::filesystem::path& data, const std::filesystem::path& own)
-    : results(std::move(folder))
+    : results(std::move(folder)),
+      page(results)
 {
     std::filesystem::create_directories(results);
 
@@ -110,34 +111,46 @@ Demo::Demo(std::filesystem::path folder, const std::filesystem::path& data, cons
         background.samples[i] = background.samples[i - period];
 }
 
-void Demo::say(const std::string& words) { std::printf("  %s\n", words.c_str()); }
+void Demo::say(const std::string& words)
+{
+    std::printf("  %s\n", words.c_str());
+    page.paragraph(words);
+}
 
-void Demo::judge(bool met, const std::string& line)
+void Demo::show(const Table& table)
+{
+    table.print();
+    page.table(table.cells());
+}
+
+void Demo::judge(bool met, const std::string& what, const std::string& measured, const std::string& wanted)
 {
     figures++;
     missed += met ? 0 : 1;
-    std::printf("  %-6s %s\n", met ? "ok" : "MISSED", line.c_str());
+    std::printf("  %-6s %s: %s (expected %s)\n", met ? "ok" : "MISSED", what.c_str(), measured.c_str(), wanted.c_str());
     std::fflush(stdout);
+    page.figure(met, what, measured, wanted);
 }
 
 void Demo::expect(const std::string& what, double measured, double low, double high, const std::string& unit)
 {
-    char found[128];
+    char found[64], wanted[64];
+    std::snprintf(found, sizeof found, "%.4g %s", measured, unit.c_str());
     if (std::isfinite(low))
-        std::snprintf(found, sizeof found, "%.4g %s (expected %.4g ... %.4g)", measured, unit.c_str(), low, high);
+        std::snprintf(wanted, sizeof wanted, "%.4g ... %.4g", low, high);
     else
-        std::snprintf(found, sizeof found, "%.4g %s (expected at most %.4g)", measured, unit.c_str(), high);
-    judge(measured >= low && measured <= high, what + ": " + found);
+        std::snprintf(wanted, sizeof wanted, "at most %.4g", high);
+    judge(measured >= low && measured <= high, what, found, wanted);
 }
 
 void Demo::expect(const std::string& what, long long measured, long long wanted)
 {
-    judge(measured == wanted, what + ": " + text(measured) + " (expected " + text(wanted) + ")");
+    judge(measured == wanted, what, text(measured), text(wanted));
 }
 
 void Demo::expect(const std::string& what, const std::string& found, const std::string& wanted)
 {
-    judge(found == wanted, what + ": " + found + (found == wanted ? "" : " (expected " + wanted + ")"));
+    judge(found == wanted, what, found, wanted);
 }
 
 void Demo::write(const std::string& name, std::span<const short> samples, int channels, const Recording& source)
@@ -145,12 +158,18 @@ void Demo::write(const std::string& name, std::span<const short> samples, int ch
     const std::filesystem::path file = results / (name + ".wav");
     if (!writeWav(file, samples, channels, source.rate, source.credit))
         throw std::runtime_error("cannot write " + file.string());
+    page.sound(name + ".wav");
 }
 
 bool Demo::finish() const
 {
-    std::printf("\n%d figures, %d as expected, %d missed. Listen to the results: %s\n", figures, figures - missed,
-                missed, results.c_str());
+    const std::string summary = text((long long)figures) + " figures, " + text((long long)(figures - missed)) +
+                                " as expected, " + text((long long)missed) + " missed.";
+    std::vector<std::string> credits;
+    for (const Recording* r : {&speech, &background, &left, &right})
+        credits.push_back(r->name + ": " + r->credit);
+    page.write(summary, credits);
+    std::printf("\n%s See and hear the results: %s\n", summary.c_str(), (results / "index.html").c_str());
     return missed == 0;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "audio.hpp"
+#include "page.hpp"
 
 #include <filesystem>
 #include <span>
@@ -19,6 +20,7 @@ public:
     explicit Table(std::vector<std::string> heads) : rows{std::move(heads)} {}
     void row(std::vector<std::string> cells) { rows.push_back(std::move(cells)); }
     void print() const;
+    const std::vector<std::vector<std::string>>& cells() const { return rows; }
 
 private:
     std::vector<std::vector<std::string>> rows;
@@ -32,10 +34,19 @@ public:
     Recording background;  // a second sound at the same rate
     Recording left, right; // at 48 kHz, equally long
 
-    // Prints a paragraph.
-    static void say(const std::string& words);
+    // Begins a step: step_NAME.cpp.
+    void begin(const std::string& title, const std::string& name) { page.section(title, name); }
 
-    // Prints a figure and holds it to low ... high, or to a value or text that it must equal.
+    // All of the following is printed and goes on the page. A paragraph, a table, a picture (on the page only):
+    void say(const std::string& words);
+    void show(const Table& table);
+    template <class AnyPicture>
+    void draw(const AnyPicture& picture)
+    {
+        page.picture(picture);
+    }
+
+    // A figure, which is held to low ... high, or to a value or text that it must equal.
     void expect(const std::string& what, double measured, double low, double high, const std::string& unit);
     void expect(const std::string& what, long long measured, long long wanted);
     void expect(const std::string& what, const std::string& found, const std::string& wanted);
@@ -43,13 +54,14 @@ public:
     // Writes a WAV file among the results.
     void write(const std::string& name, std::span<const short> samples, int channels, const Recording& source);
 
-    // Prints how many expectations were met: true if all were.
+    // Writes the page and prints how many expectations were met: true if all were.
     bool finish() const;
 
 private:
-    void judge(bool met, const std::string& line);
+    void judge(bool met, const std::string& what, const std::string& measured, const std::string& wanted);
 
     std::filesystem::path results;
+    Page page;
     int figures = 0;
     int missed = 0;
 };

@@ -1,5 +1,5 @@
 // The main demonstration: what the library does to a recording, in steps. Each step prints what it measured, holds the
-// figures to an expectation and writes what there is to hear.
+// figures to an expectation, writes what there is to hear, and makes a section of the page that shows it all.
 #include "demo.hpp"
 
 #include <arkpx.h>
@@ -15,20 +15,37 @@ void level(Demo& demo);
 void mix(Demo& demo);
 void rounding(Demo& demo);
 void stereo(Demo& demo);
+void digits(Demo& demo);
+void noise(Demo& demo);
+void windowed(Demo& demo);
+void companding(Demo& demo);
+void spectra(Demo& demo);
+void rates(Demo& demo);
+void hum(Demo& demo);
+void echo(Demo& demo);
 void mistakes(Demo& demo);
 
 namespace {
 
 constexpr struct {
     const char* title;
+    const char* name;
     void (*run)(Demo&);
 } steps[] = {
-    {"The recordings, to floating point and back", recordings},
-    {"The level, changed in 16-bit arithmetic", level},
-    {"Two sounds mixed", mix},
-    {"From floating point to 16 bits: four rounding rules", rounding},
-    {"Stereo as complex numbers: an image turned by 30 degrees", stereo},
-    {"Three mistakes, and what is reported", mistakes},
+    {"The recordings, to floating point and back", "recordings", recordings},
+    {"The level, changed in 16-bit arithmetic", "level", level},
+    {"Two sounds mixed", "mix", mix},
+    {"From floating point to 16 bits: four rounding rules", "rounding", rounding},
+    {"Stereo as complex numbers: an image turned by 30 degrees", "stereo", stereo},
+    {"A number dialled in tones", "digits", digits},
+    {"Noise of a given level", "noise", noise},
+    {"Windows for spectra", "windowed", windowed},
+    {"A telephone line: 8 bits a sample", "companding", companding},
+    {"The recording's spectrum", "spectra", spectra},
+    {"48 kHz to 8 kHz and back", "rates", rates},
+    {"Hum and drift taken out", "hum", hum},
+    {"An echo cancelled", "echo", echo},
+    {"Three mistakes, and what is reported", "mistakes", mistakes},
 };
 
 } // namespace
@@ -48,6 +65,7 @@ int main(int argc, char** argv)
         for (const auto& step : demo::steps) {
             std::printf("\n[%d/%zu] %s\n", ++number, std::size(demo::steps), step.title);
             std::fflush(stdout);
+            demo.begin(step.title, step.name);
             step.run(demo);
             demo.expect("status at the end of the step", arkErrorStr(arkGetErrStatus()), "No Error");
         }

@@ -24,7 +24,9 @@ struct Outcome {
 Outcome scaled(const std::vector<short>& source, short value, int scaleMode, int factor, Bounds bounds)
 {
     Outcome out{source, factor, 0, 0, 0, 0};
+    // [code
     arkwbMpy1(value, out.samples.data(), lengthOf(out.samples), scaleMode, &out.factor);
+    // code]
 
     out.gain = std::ldexp(value, -out.factor);
     double signal = 0, error = 0;
@@ -54,6 +56,7 @@ void level(Demo& demo)
     const auto times = short(std::max(3, (65535 + peak) / peak) | 1);
     const FixedGain same = fixedGain(times), half = fixedGain(ratioOf(-6));
 
+    // [code
     const Outcome wrapped = scaled(speech, times, ARK_WRAP, 0, Bounds::wrapped);
     const Outcome saturated = scaled(speech, times, ARK_SATURATE, 0, Bounds::clamped);
     // A gain that is no whole number is a value and a factor: 6 dB down is 16423 * 2^-15.
@@ -61,6 +64,7 @@ void level(Demo& demo)
     const Outcome fixed = scaled(speech, same.value, ARK_FIXED_SCALE | ARK_SATURATE, same.factor, Bounds::clamped);
     // The library finds the smallest factor with which everything fits, and says which.
     const Outcome automatic = scaled(speech, times, ARK_AUTO_SCALE, 0, Bounds::none);
+    // code]
 
     Table table({"mode", "value", "factor", "gain/dB", "peak/dBFS", "RMS/dBFS", "too large", "noise/dB"});
     const auto row = [&](const char* mode, int value, const Outcome& out) {
@@ -73,7 +77,7 @@ void level(Demo& demo)
     row("ARK_FIXED_SCALE", half.value, quieter);
     row("ARK_FIXED_SCALE | ARK_SATURATE", same.value, fixed);
     row("ARK_AUTO_SCALE", times, automatic);
-    table.print();
+    demo.show(table);
 
     demo.expect("samples that differ from 64-bit integer arithmetic",
                 wrapped.wrong + saturated.wrong + quieter.wrong + fixed.wrong + automatic.wrong, 0);

@@ -37,6 +37,7 @@ void mistakes(Demo& demo)
     const ArkErrorHandler before = arkRedirectError(remember);
     Table table({"mistake", "function", "message", "module", "status"});
 
+    // [code
     // 1: no length and no second source. Every failed check is reported.
     const float a[2] = {1, 2};
     float sum[2] = {0, 0};
@@ -60,9 +61,10 @@ void mistakes(Demo& demo)
     const std::string third = collect(table, "two rounding rules");
     const std::string status = arkErrorStr(arkGetErrStatus());
     arkSetErrStatus(ARK_StatusOk);
+    // code]
     arkRedirectError(before);
 
-    table.print();
+    demo.show(table);
     demo.expect("first mistake", first, "arksbAdd3: n<=0; arksbAdd3: srcB==0");
     demo.expect("sum computed while the failure is recorded", (long long)whileFailed, 0);
     demo.expect("sum computed after it was cleared", (long long)sum[1], 4);

@@ -27,10 +27,12 @@ void mix(Demo& demo)
     const std::vector<short> a = normalised(demo.speech, -1), b = normalised(demo.background, -1);
     const int n = lengthOf(a);
 
+    // [code
     std::vector<short> saturated(a.size()), automatic(a.size());
     int factor = 0;
     arkwbAdd3(a.data(), b.data(), saturated.data(), n, ARK_SATURATE, nullptr);
     arkwbAdd3(a.data(), b.data(), automatic.data(), n, ARK_AUTO_SCALE, &factor);
+    // code]
 
     int least = 0, most = 0;
     long long tooLarge = 0, clamped = 0, wrong = 0;
@@ -50,7 +52,7 @@ void mix(Demo& demo)
     table.row({"mix, ARK_SATURATE", "", text(peakLevel(saturated), 2), text(rmsLevel(saturated), 2), text(clamped)});
     table.row({"mix, ARK_AUTO_SCALE", text((long long)factor), text(peakLevel(automatic), 2),
                text(rmsLevel(automatic), 2), "0"});
-    table.print();
+    demo.show(table);
 
     demo.expect("peak of the first sound", peakLevel(a), -1.01, -0.99, "dBFS");
     demo.expect("peak of the second sound", peakLevel(b), -1.01, -0.99, "dBFS");

@@ -46,8 +46,10 @@ Outcome converted(const std::vector<float>& signal, const std::vector<short>& sa
     std::vector<short> partial(signal.size(), before);
     const int n = lengthOf(signal);
 
+    // [code
     arksbFloatToInt(signal.data(), out.saturated.data(), n, 16, rule.flag | ARK_Saturate);
     arksbFloatToInt(signal.data(), partial.data(), n, 16, rule.flag); // what does not fit is left as it was
+    // code]
 
     double counted = 0, sum = 0, squares = 0;
     std::map<short, double> occurrences;
@@ -101,7 +103,7 @@ void rounding(Demo& demo)
                    text(out.least, 3), text(out.largest, 3), text(out.tooLarge), text(out.leftAlone)});
         outcomes.push_back(out);
     }
-    table.print();
+    demo.show(table);
 
     for (std::size_t i = 0; i < outcomes.size(); i++) {
         const std::string name = rules[i].name;

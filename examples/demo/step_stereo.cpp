@@ -40,12 +40,14 @@ void stereo(Demo& demo)
 
     const double angle = std::numbers::pi / 6;
     const double re = 32768 * std::cos(angle), im = 32768 * std::sin(angle);
+    // [code
     const ShortCplx turn = arkvSet(short(std::lround(re)), short(std::lround(im)));
     int factor = 15;
     std::vector<ShortCplx> turned = frames;
     arkvbMpy1(turn, turned.data(), n, ARK_FIXED_SCALE | ARK_SATURATE, &factor);
     std::vector<ShortCplx> back = turned;
     arkvbMpy1(arkvConj(turn), back.data(), n, ARK_FIXED_SCALE | ARK_SATURATE, &factor);
+    // code]
 
     // The same in floating point.
     std::vector<FloatCplx> exact;

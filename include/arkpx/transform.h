@@ -174,7 +174,9 @@ enum {
  *   ARK_Inv    x[n] = 1/N * sum over k of X[k] e^(+2 pi i k n / N)
  *
  * N elements in every array; the cr, zr and vr members take real and imaginary parts in arrays of their own, N each. The
- * error of a result grows with the square root of the order: a few units in the last place of the largest.
+ * error of a result grows with the square root of the order: a few units in the last place of the largest. Up to order 11
+ * the float transforms take the float 0x3F3504F7, 4 units above the nearest one, for sqrt(1/2) in the root at an eighth
+ * of the circle, which adds about 2e-7 to 4e-7 of the result; greater orders and doubles take the nearest.
  *
  * In place, or (Nip) from one array into another; the two are equal or do not overlap, and give results that are equal to
  * the bit. Separate arrays give the same up to rounding. Null pointers: "samps==0"; "reSamps==0", "imSamps==0";

@@ -72,7 +72,7 @@ ARK_INLINE Doubles<count> withLane(Doubles<count> v, Doubles<count> other, int l
 // addition is done. So the sections run side by side, one a lane, and each works on the sample that lies `skew` samples
 // behind that of the section before: this gives a section's output the time to become the next one's input. The first
 // section is in the last lane, so that the last section's output is where a store costs nothing.
-constexpr int skew = 4;
+constexpr std::ptrdiff_t skew = 4;
 
 template <int count, int coefParts, int parts>
 struct Pipeline {

@@ -116,7 +116,7 @@ inline short wLmsl(Where at, const LmslTapState* tapState, LmslDlyState* dlyStat
     std::int64_t sum = 0;
     const std::ptrdiff_t n = history.available(0, tapState->tapsLen);
     for (std::ptrdiff_t i = 0; i < n; i++)
-        sum += taps[i] * history.dlyl[i];
+        sum += std::int64_t{taps[i]} * history.dlyl[i];
     return fromQ30(sum);
 }
 

@@ -34,6 +34,14 @@ extern const WindowKernels<FloatCplx> windowC;
 extern const WindowKernels<DoubleCplx> windowZ;
 extern const WindowKernels<short> windowW;
 extern const WindowKernels<ShortCplx> windowV;
+extern const ConvKernels<float, float> convS;
+extern const ConvKernels<double, double> convD;
+extern const ConvKernels<FloatCplx, FloatCplx> convC;
+extern const ConvKernels<DoubleCplx, DoubleCplx> convZ;
+extern const ConvKernels<float, FloatCplx> convSC;
+extern const ConvKernels<FloatCplx, float> convCS;
+extern const ConvKernels<double, DoubleCplx> convDZ;
+extern const ConvKernels<DoubleCplx, double> convZD;
 extern const FirKernels<float, float> firS;
 extern const FirKernels<double, double> firD;
 extern const FirKernels<FloatCplx, FloatCplx> firC;
@@ -61,6 +69,7 @@ constinit const Kernels kernels{
     {fill},
     {arithS}, {arithD}, {arithC}, {arithZ}, {conjC}, {conjZ}, {conjV}, {arithW},
     {convertS}, {convertD},
+    {convS}, {convD}, {convC}, {convZ}, {convSC}, {convCS}, {convDZ}, {convZD},
     {firS}, {firD}, {firC}, {firZ}, {firSC}, {firCS}, {firDZ}, {firZD}, {firW},
     {iir},
     {lmsS}, {lmsD}, {lmsC}, {lmsZ}, {lmsSC}, {lmsDZ},

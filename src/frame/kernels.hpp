@@ -12,14 +12,15 @@
 // only the newest processors can.
 #pragma once
 
+#include "convolve/arkconv_kernels.hpp"
 #include "filter/arkfir_kernels.hpp"
 #include "filter/arkiir_kernels.hpp"
 #include "filter/arklms_kernels.hpp"
-#include "transform/fft_kernels.hpp"
-#include "transform/real_kernels.hpp"
 #include "generate/arkrand_kernels.hpp"
 #include "generate/arktone_kernels.hpp"
 #include "generate/arkwin_kernels.hpp"
+#include "transform/fft_kernels.hpp"
+#include "transform/real_kernels.hpp"
 #include "vector/arkarith_kernels.hpp"
 #include "vector/arkaritw_kernels.hpp"
 #include "vector/arkcvrt_kernels.hpp"
@@ -45,6 +46,14 @@ struct Kernels : KernelSlot<FillKernels>,
                  KernelSlot<ShortArithKernels>,
                  KernelSlot<ConvertKernels<float>>,
                  KernelSlot<ConvertKernels<double>>,
+                 KernelSlot<ConvKernels<float, float>>,
+                 KernelSlot<ConvKernels<double, double>>,
+                 KernelSlot<ConvKernels<FloatCplx, FloatCplx>>,
+                 KernelSlot<ConvKernels<DoubleCplx, DoubleCplx>>,
+                 KernelSlot<ConvKernels<float, FloatCplx>>,
+                 KernelSlot<ConvKernels<FloatCplx, float>>,
+                 KernelSlot<ConvKernels<double, DoubleCplx>>,
+                 KernelSlot<ConvKernels<DoubleCplx, double>>,
                  KernelSlot<FirKernels<float, float>>,
                  KernelSlot<FirKernels<double, double>>,
                  KernelSlot<FirKernels<FloatCplx, FloatCplx>>,
@@ -110,8 +119,8 @@ inline const Table& kernels()
 }
 
 // For tests and benchmarks, which link to the static library: makes the named set the chosen one. False when there is
-// no such set or this machine cannot run it. The tables that a transform has cached are those of the set it was done with:
-// force before the first transform.
+// no such set or this machine cannot run it. The tables that a transform has cached are those of the set it was done
+// with: force before the first transform.
 bool forceKernels(const char* set);
 
 } // namespace ark

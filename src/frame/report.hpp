@@ -17,6 +17,7 @@
 #include "frame/context.hpp"
 
 #include <cstddef>
+#include <utility>
 
 namespace ark {
 
@@ -70,14 +71,17 @@ inline bool statusGood() { return context().head.status >= 0; }
 template <std::size_t count>
 inline bool allGood(Where at, const Check (&checks)[count])
 {
-    bool failed = false;
-    for (const Check& check : checks)
-        failed |= check.failed;
-    if (failed) [[unlikely]] {
-        reportFailed(at, checks, count);
-        return false;
+    // Indices that are constants, and a copy for the report: so the checks are nowhere in memory while all hold.
+    return [&]<std::size_t... i>(std::index_sequence<i...>)
+    {
+        if ((checks[i].failed | ...)) [[unlikely]] {
+            const Check copies[] = {checks[i]...};
+            reportFailed(at, copies, count);
+            return false;
+        }
+        return statusGood();
     }
-    return statusGood();
+    (std::make_index_sequence<count>{});
 }
 
 // Style 2: reports the first failed check only and does not look at the status. All conditions are evaluated before
@@ -85,14 +89,16 @@ inline bool allGood(Where at, const Check (&checks)[count])
 template <std::size_t count>
 inline bool firstGood(Where at, const Check (&checks)[count])
 {
-    for (const Check& check : checks) {
+    const auto good = [&at](const Check& check) {
         if (check.failed) [[unlikely]] {
             badArgument(at, check.message);
             return false;
         }
         at.line += at.lineStep;
-    }
-    return true;
+        return true;
+    };
+    return [&]<std::size_t... i>(std::index_sequence<i...>) { return (good(checks[i]) && ...); }
+    (std::make_index_sequence<count>{});
 }
 
 } // namespace ark

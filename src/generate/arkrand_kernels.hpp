@@ -5,7 +5,7 @@
 namespace ark {
 
 // Pairs of Gaussian values that are computed at a time.
-inline constexpr int gaussPairs = 64;
+inline constexpr std::ptrdiff_t gaussPairs = 64;
 
 // Points in the unit circle.
 struct CirclePoints {

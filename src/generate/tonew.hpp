@@ -10,7 +10,7 @@ namespace ark {
 
 // Samples that the state's buffer holds.
 template <class T>
-inline constexpr int toneCapacity = int(sizeof ArkwToneState{}.buf / (sizeof(T)));
+inline constexpr int toneCapacity = int(sizeof(ArkwToneState::buf)) / int(sizeof(T));
 
 struct Phasor {
     short re, im;

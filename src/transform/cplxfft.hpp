@@ -9,12 +9,14 @@ namespace ark {
 template <class T>
 FftVector<const Real<T>> pairsIn(const T* elements)
 {
-    return {partsOf(elements), partsOf(elements) + 1};
+    // Nothing is added to a null pointer, which is reported later.
+    return {partsOf(elements), elements ? partsOf(elements) + 1 : nullptr};
 }
 template <class T>
 FftVector<Real<T>> pairsIn(T* elements)
 {
-    return {partsOf(elements), partsOf(elements) + 1};
+    // Nothing is added to a null pointer, which is reported later.
+    return {partsOf(elements), elements ? partsOf(elements) + 1 : nullptr};
 }
 
 template <class R>

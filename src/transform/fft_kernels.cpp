@@ -82,7 +82,7 @@ constexpr int odds(int lane, int lanes)
 }
 // Halves and every second block of a, then of b.
 constexpr int lowHalves(int lane, int lanes) { return lane < lanes / 2 ? lane : lane + lanes / 2; }
-constexpr int highHalves(int lane, int lanes) { return lowHalves(lane, lanes) + lanes / 2; }
+[[maybe_unused]] constexpr int highHalves(int lane, int lanes) { return lowHalves(lane, lanes) + lanes / 2; }
 template <int P>
 constexpr int evenBlocks(int lane, int)
 {
@@ -139,29 +139,31 @@ ARK_INLINE Reg<R, W> all(R x)
     return x - Reg<R, W>{};
 }
 
-template <class V>
-inline constexpr auto halfRoot = decltype(V{}[0] + V{}[0])(0.70710678118654752440);
-template <>
-inline constexpr auto halfRoot<float> = 0.70710678118654752440f;
-template <>
-inline constexpr auto halfRoot<double> = 0.70710678118654752440;
+// sqrt(1/2), both parts of the root of unity at an eighth of the circle. The float transforms up to order 11 have
+// always used a float that is 4 ulps above it, and their results depend on it; they keep it.
+constexpr int longestOfEighth = 11;
+template <class R>
+constexpr R eighthOf(int order)
+{
+    return sizeof(R) == 4 && order <= longestOfEighth ? R(0x1.6A09EEp-1) : R(0.70710678118654752440);
+}
 
-// ---- butterflies: forward transforms of 2, 4, 8 complex numbers, in natural order ----
+// ---- butterflies: forward transforms of 2, 4, 8 complex numbers, in natural order; eighth as above ----
 
-template <class V>
-ARK_INLINE void butterfly(Cplx<V> (&x)[1])
+template <class V, class R>
+ARK_INLINE void butterfly(Cplx<V> (&x)[1], R)
 {
     static_cast<void>(x);
 }
-template <class V>
-ARK_INLINE void butterfly(Cplx<V> (&x)[2])
+template <class V, class R>
+ARK_INLINE void butterfly(Cplx<V> (&x)[2], R)
 {
     const Cplx<V> a = x[0] + x[1];
     x[1] = x[0] - x[1];
     x[0] = a;
 }
-template <class V>
-ARK_INLINE void butterfly(Cplx<V> (&x)[4])
+template <class V, class R>
+ARK_INLINE void butterfly(Cplx<V> (&x)[4], R)
 {
     const Cplx<V> s02 = x[0] + x[2], d02 = x[0] - x[2], s13 = x[1] + x[3], d13 = x[1] - x[3];
     x[0] = s02 + s13;
@@ -169,17 +171,17 @@ ARK_INLINE void butterfly(Cplx<V> (&x)[4])
     x[1] = {d02.re + d13.im, d02.im - d13.re};
     x[3] = {d02.re - d13.im, d02.im + d13.re};
 }
-template <class V>
-ARK_INLINE void butterfly(Cplx<V> (&x)[8])
+template <class V, class R>
+ARK_INLINE void butterfly(Cplx<V> (&x)[8], R eighth)
 {
     Cplx<V> even[4] = {x[0] + x[4], x[1] + x[5], x[2] + x[6], x[3] + x[7]};
     const Cplx<V> d0 = x[0] - x[4], d1 = x[1] - x[5], d2 = x[2] - x[6], d3 = x[3] - x[7];
-    butterfly(even);
+    butterfly(even, eighth);
     // The odd results: the differences times w_8^n.
-    const V h = V{} + halfRoot<V>;
+    const V h = eighth - V{};
     Cplx<V> odd[4] = {
         d0, {(d1.re + d1.im) * h, (d1.im - d1.re) * h}, timesMinusI(d2), {(d3.im - d3.re) * h, -(d3.re + d3.im) * h}};
-    butterfly(odd);
+    butterfly(odd, eighth);
     ARK_UNROLL
     for (int i = 0; i < 4; i++) {
         x[2 * i] = even[i];
@@ -323,16 +325,25 @@ struct Plan {
     static Plan of(int m)
     {
         Plan plan{m, 0, {}, 0};
+        std::ptrdiff_t rows = std::ptrdiff_t{1} << m;
         for (int left = m; left > 0;) {
             // 8 as often as possible; no 2 but for want of anything else.
             const int log2Radix = left == 4 || left == 2 || (left > 1 && left % 3 == 1) ? 2 : left < 3 ? left : 3;
             plan.log2Radix[plan.passes++] = log2Radix;
             left -= log2Radix;
+            rows >>= log2Radix;
             if (left > 0)
-                plan.tableSize += (std::ptrdiff_t{2} << left) * ((1 << log2Radix) - 1);
+                plan.tableSize += 2 * rows * ((1 << log2Radix) - 1);
         }
         return plan;
     }
+};
+
+// The factors of all passes but the last, and the root of the butterflies.
+template <class R>
+struct RowsTable {
+    const R* factors;
+    R eighth;
 };
 
 // A pass of radix r over transforms of length n, s of them one after another, in place: butterflies of the rows p + t
@@ -340,13 +351,13 @@ struct Plan {
 // From natural order to bit-reversed order; or, with the passes in the opposite order and the factors before the
 // butterfly, from bit-reversed order to natural order.
 template <class R, int W, int radix, bool toReversed, class Source, class Target>
-ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, const R* table)
+ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, RowsTable<R> table)
 {
     using V = Reg<R, W>;
     const std::ptrdiff_t apart = n / radix;
     for (std::ptrdiff_t block = 0; block < n * s; block += n)
         for (std::ptrdiff_t p = 0; p < apart; p++) {
-            const R* w = table + p * 2 * (radix - 1);
+            const R* w = table.factors + p * 2 * (radix - 1);
             const auto factor = [&](int j) { return Cplx<V>{all<R, W>(w[2 * j - 2]), all<R, W>(w[2 * j - 1])}; };
             Cplx<V> x[radix];
             ARK_UNROLL
@@ -356,7 +367,7 @@ ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std:
                 ARK_UNROLL
             for (int j = 1; j < radix; j++)
                 x[j] = x[j] * factor(j);
-            butterfly(x);
+            butterfly(x, table.eighth);
             ARK_UNROLL
             for (int j = 0; j < radix; j++)
                 target(block + p + (toReversed ? reversed(j, radix) : j) * apart,
@@ -379,7 +390,8 @@ ARK_INLINE void withRadix(int log2Radix, Body body)
 }
 
 template <class R, int W, bool toReversed, class Source, class Target>
-ARK_INLINE void inPlace(int log2Radix, Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, const R* table)
+ARK_INLINE void inPlace(int log2Radix, Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s,
+                        RowsTable<R> table)
 {
     switch (log2Radix) {
     case 1: return inPlacePass<R, W, 2, toReversed>(source, target, n, s, table);
@@ -388,9 +400,17 @@ ARK_INLINE void inPlace(int log2Radix, Source source, Target target, std::ptrdif
     }
 }
 
+// The passes are long. They are not inlined, so that all transforms that need one have the same.
+template <class R, int W, bool toReversed>
+[[gnu::noinline]] void innerPass(int log2Radix, Rows<R> rows, std::ptrdiff_t n, std::ptrdiff_t s, RowsTable<R> table)
+{
+    inPlace<R, W, toReversed>(log2Radix, InnerSource<R, W>{rows}, InnerTarget<R, W>{rows}, n, s, table);
+}
+
 // In place in the rows, but for the source of the first pass.
 template <class R, int W, class Source>
-ARK_INLINE void transformRowsToReversed(const Plan& plan, int passes, Source source, Rows<R> rows, const R* table)
+[[gnu::noinline]] void transformRowsToReversed(const Plan& plan, int passes, Source source, Rows<R> rows,
+                                               RowsTable<R> table)
 {
     std::ptrdiff_t n = std::ptrdiff_t{1} << plan.m, s = 1;
     for (int i = 0; i < passes; i++) {
@@ -398,23 +418,23 @@ ARK_INLINE void transformRowsToReversed(const Plan& plan, int passes, Source sou
         if (i == 0)
             inPlace<R, W, true>(plan.log2Radix[i], source, InnerTarget<R, W>{rows}, n, s, table);
         else
-            inPlace<R, W, true>(plan.log2Radix[i], InnerSource<R, W>{rows}, InnerTarget<R, W>{rows}, n, s, table);
+            innerPass<R, W, true>(plan.log2Radix[i], rows, n, s, table);
         n /= radix;
         s *= radix;
-        table += n * 2 * (radix - 1);
+        table.factors += n * 2 * (radix - 1);
     }
 }
 
 // The last pass to bit-reversed order, with its results put in natural order: rows in place, target in any order.
 template <class R, int W, int radix, class Source, class Target>
-ARK_INLINE void lastPass(Source source, Target target, std::ptrdiff_t M)
+ARK_INLINE void lastPass(Source source, Target target, std::ptrdiff_t M, R eighth)
 {
     for (std::ptrdiff_t block = 0, k = 0; block < M; block += radix, k = nextReversed(k, M / radix)) {
         Cplx<Reg<R, W>> x[radix];
         ARK_UNROLL
         for (int t = 0; t < radix; t++)
             x[t] = source(block + t);
-        butterfly(x);
+        butterfly(x, eighth);
         ARK_UNROLL
         for (int j = 0; j < radix; j++)
             target(k + j * (M / radix), x[j]);
@@ -423,9 +443,10 @@ ARK_INLINE void lastPass(Source source, Target target, std::ptrdiff_t M)
 
 // In place in the rows, but for the target of the last pass.
 template <class R, int W, class Target>
-ARK_INLINE void transformRowsFromReversed(const Plan& plan, int passes, Rows<R> rows, Target target, const R* table)
+[[gnu::noinline]] void transformRowsFromReversed(const Plan& plan, int passes, Rows<R> rows, Target target,
+                                                 RowsTable<R> table)
 {
-    table += plan.tableSize;
+    table.factors += plan.tableSize;
     std::ptrdiff_t n = 1, s = std::ptrdiff_t{1} << plan.m;
     for (int i = plan.passes - 1; i >= passes; i--) {
         n <<= plan.log2Radix[i];
@@ -434,13 +455,13 @@ ARK_INLINE void transformRowsFromReversed(const Plan& plan, int passes, Rows<R> 
     for (int i = passes - 1; i >= 0; i--) {
         const int radix = 1 << plan.log2Radix[i];
         if (n > 1)
-            table -= n * 2 * (radix - 1);
+            table.factors -= n * 2 * (radix - 1);
         n *= radix;
         s /= radix;
         if (i == 0)
             inPlace<R, W, false>(plan.log2Radix[i], InnerSource<R, W>{rows}, target, n, s, table);
         else
-            inPlace<R, W, false>(plan.log2Radix[i], InnerSource<R, W>{rows}, InnerTarget<R, W>{rows}, n, s, table);
+            innerPass<R, W, false>(plan.log2Radix[i], rows, n, s, table);
     }
 }
 
@@ -495,6 +516,7 @@ template <class R, int W>
 struct LaneConstants {
     static constexpr int halfFactors = int(8 / sizeof(R)), size = (halfFactors + 1) * 2 * W;
     const R* table;
+    R eighth;
     ARK_INLINE Cplx<Reg<R, W>> half(int p) const { return getCplx<R, W>(table + p * 2 * W); }
     ARK_INLINE Cplx<Reg<R, W>> stages() const { return half(halfFactors); }
 };
@@ -540,7 +562,7 @@ ARK_INLINE void fillTile(Tile<R, W>& tile, Source source, std::ptrdiff_t place, 
 
 // The transposition of blocks and radix W / 2.
 template <class R, int W, class Target>
-ARK_INLINE void emptyTile(const Tile<R, W>& tile, Target target, std::ptrdiff_t k0, std::ptrdiff_t M)
+ARK_INLINE void emptyTile(const Tile<R, W>& tile, Target target, std::ptrdiff_t k0, std::ptrdiff_t M, R eighth)
 {
     using V = Reg<R, W>;
     constexpr int P = Tile<R, W>::P, B = Tile<R, W>::B, half = Tile<R, W>::half, H = W / 2;
@@ -561,7 +583,7 @@ ARK_INLINE void emptyTile(const Tile<R, W>& tile, Target target, std::ptrdiff_t 
             for (int b = 0; b < B; b++)
                 x[half * b + p] = {re[b], im[b]};
         }
-        butterfly(x);
+        butterfly(x, eighth);
         ARK_UNROLL
         for (int q2 = 0; q2 < H; q2++)
             target(k0 + M * (q1 + 2 * q2), x[q2]);
@@ -582,7 +604,7 @@ void lanesToNatural(Rows<R> rows, Target target, std::ptrdiff_t M, const R* tabl
             place = nextReversed(place, M / W);
             fillTile(tiles[(k0 / W + 1) % 2], source, place, M / W, table + (k0 + W) * 2 * W, constants);
         }
-        emptyTile(tiles[k0 / W % 2], target, k0, M);
+        emptyTile(tiles[k0 / W % 2], target, k0, M, constants.eighth);
     }
 }
 
@@ -720,11 +742,15 @@ struct WiderThan<double> {
     using Type = long double;
 };
 
-// All roots of one order, each as the product of two that were computed on their own.
+// All roots of one order, each as the product of two that were computed on their own; those at odd eighths of the
+// circle have the parts that the transform wants there.
 template <class R>
 class Roots {
 public:
-    explicit Roots(int order) : fineBits_{(order + 1) / 2}
+    Roots(int order, R eighth)
+        : fineBits_{(order + 1) / 2},
+          eighthAt_{order < 3 ? std::size_t(1) << order : std::size_t(1) << (order - 3)},
+          eighth_{eighth}
     {
         for (std::size_t i = 0; i < std::size_t(1) << fineBits_; i++)
             fine_[i] = rootOf<Fine>(i, order);
@@ -736,19 +762,25 @@ public:
         const Root<Fine> c = coarse_[a >> fineBits_], f = fine_[a & ((std::size_t(1) << fineBits_) - 1)];
         re = R(c.re * f.re - c.im * f.im);
         im = R(c.re * f.im + c.im * f.re);
+        if (a % (2 * eighthAt_) == eighthAt_) {
+            re = re < 0 ? -eighth_ : eighth_;
+            im = im < 0 ? -eighth_ : eighth_;
+        }
     }
 
 private:
     using Fine = typename WiderThan<R>::Type;
 
     int fineBits_;
+    std::size_t eighthAt_; // or beyond all, where there is none
+    R eighth_;
     Root<Fine> fine_[1024], coarse_[1024];
 };
 
 template <class R>
-void fillRowsTable(const Plan& plan, R* table)
+void fillRowsTable(const Plan& plan, R* table, R eighth)
 {
-    const Roots<R> roots(plan.m);
+    const Roots<R> roots(plan.m, eighth);
     for (int i = 0, left = plan.m; i + 1 < plan.passes; i++) {
         const int step = plan.m - left;
         left -= plan.log2Radix[i];
@@ -776,20 +808,25 @@ constexpr int matrixFrom = 17;
 template <class R>
 struct Head {
     int order, W;
+    R eighth;
     Plan plan, restPlan; // of the rows, or of the columns and the rest of a matrix: N = 2^(plan.m + restPlan.m)
     std::ptrdiff_t rows, lanes, constants;                // rows' tables, w_N^(k l), LaneConstants
     std::ptrdiff_t restRows, powers, fine, coarse, inner; // of matrices: see MatrixFactors; the table of the rest
     std::ptrdiff_t size;
 
-    static Head of(int order)
+    RowsTable<R> rowsTable(const R* table) const { return {table + rows, eighth}; }
+    RowsTable<R> restRowsTable(const R* table) const { return {table + restRows, eighth}; }
+
+    static Head of(int order, R eighth)
     {
         Head head{};
         head.order = order;
+        head.eighth = eighth;
         head.W = widthFor<R>(order);
         std::ptrdiff_t end = std::ptrdiff_t(sizeof(Head) / sizeof(R));
-        const auto add = [&](std::ptrdiff_t size) {
+        const auto add = [&](std::ptrdiff_t count) {
             const std::ptrdiff_t begin = (end + 15) / 16 * 16;
-            end = begin + size;
+            end = begin + count;
             return begin;
         };
         const std::ptrdiff_t W = head.W;
@@ -806,7 +843,7 @@ struct Head {
             head.powers = add(2 * W << head.plan.m);
             head.fine = add(std::ptrdiff_t{2} << head.restPlan.m);
             head.coarse = add(std::ptrdiff_t{2} << head.plan.m);
-            head.inner = add(of(head.restPlan.m).size);
+            head.inner = add(of(head.restPlan.m, eighth).size);
         }
         head.size = add(0);
         return head;
@@ -819,20 +856,18 @@ void fillShortTable(const Head<R>& head, R* table)
 {
     const int W = head.W, P = int(16 / sizeof(R));
     const auto element = [&](int lane) { return std::size_t(P == 4 ? elementOf<4>(lane, W) : elementOf<2>(lane, W)); };
-    fillRowsTable(head.plan, table + head.rows);
-    const Roots<R> roots(head.order);
+    fillRowsTable(head.plan, table + head.rows, head.eighth);
+    const Roots<R> roots(head.order, head.eighth);
     R* at = table + head.lanes;
     for (std::size_t k = 0; k < std::size_t{1} << head.plan.m; k++, at += 2 * W)
-        ARK_UNROLL
-    for (int lane = 0; lane < W; lane++)
-        roots.get(k * element(lane), at[lane], at[W + lane]);
+        for (int lane = 0; lane < W; lane++)
+            roots.get(k * element(lane), at[lane], at[W + lane]);
     // LaneConstants: powers of w_W, in the steps of this order's roots.
     at = table + head.constants;
     const std::size_t unit = std::size_t{1} << head.plan.m;
     for (int p = 0; p < P / 2; p++, at += 2 * W)
-        ARK_UNROLL
-    for (int lane = 0; lane < W; lane++)
-        roots.get(unit * std::size_t(lane / P * (P / 2) + p), at[lane], at[W + lane]);
+        for (int lane = 0; lane < W; lane++)
+            roots.get(unit * std::size_t(lane / P * (P / 2) + p), at[lane], at[W + lane]);
     for (int lane = 0; lane < W; lane++) {
         // w_W^(u1 e0) w_(W/2)^(u2 e0), u1 and u2 the upper bits of the element and e0 the others
         const std::size_t e = element(lane), quarter = std::size_t(W) / 4, e0 = quarter > 1 ? e % quarter : 0;
@@ -844,8 +879,8 @@ template <class R>
 void fillMatrixTable(const Head<R>& head, R* table)
 {
     using Fine = typename WiderThan<R>::Type;
-    fillRowsTable(head.plan, table + head.rows);
-    fillRowsTable(head.restPlan, table + head.restRows);
+    fillRowsTable(head.plan, table + head.rows, head.eighth);
+    fillRowsTable(head.restPlan, table + head.restRows, head.eighth);
     R *powers = table + head.powers, *fine = table + head.fine, *coarse = table + head.coarse;
     for (std::size_t a = 0; a < std::size_t{1} << head.restPlan.m; a++) {
         const Root<Fine> root = rootOf<Fine>(a, head.order);
@@ -868,28 +903,36 @@ void fillMatrixTable(const Head<R>& head, R* table)
 }
 
 template <class R>
-void fillTable(int order, R* table)
+void fillTableOf(const Head<R>& head, R* table)
 {
-    const Head<R> head = Head<R>::of(order);
     __builtin_memcpy(table, &head, sizeof head);
     if (head.W == 0)
         return;
-    if (order < matrixFrom)
+    if (head.order < matrixFrom)
         return fillShortTable(head, table);
     fillMatrixTable(head, table);
-    fillTable(head.restPlan.m, table + head.inner);
+    fillTableOf(Head<R>::of(head.restPlan.m, head.eighth), table + head.inner);
 }
 
+template <class R>
+Head<R> headFor(int order)
+{
+    return Head<R>::of(order, eighthOf<R>(order));
+}
+template <class R>
+void fillTable(int order, R* table)
+{
+    fillTableOf(headFor<R>(order), table);
+}
 template <class R>
 std::size_t tableSize(int order)
 {
-    return std::size_t(Head<R>::of(order).size);
+    return std::size_t(headFor<R>(order).size);
 }
-
 template <class R>
 std::size_t scratchSize(int order)
 {
-    const Head<R> head = Head<R>::of(order);
+    const Head<R> head = headFor<R>(order);
     const std::size_t whole = head.W == 0 ? 0 : std::size_t{2} << order;
     return order < matrixFrom ? whole : whole + (std::size_t(2 * head.W) << head.plan.m);
 }
@@ -923,10 +966,10 @@ void shortToNatural(const Job<R>& job)
     const Head<R>& head = job.head();
     const Rows<R> rows = rowsIn<R, W>(job.scratch);
     transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, 0, W}, rows,
-                                  job.table + head.rows);
+                                  head.rowsTable(job.table));
     withTarget<R, W, form>(job.dst, 0, 1, job.scale, [&](auto target) {
         lanesToNatural<R, W>(rows, target, std::ptrdiff_t{1} << head.plan.m, job.table + head.lanes,
-                             {job.table + head.constants});
+                             {job.table + head.constants, head.eighth});
     });
 }
 
@@ -956,7 +999,7 @@ void fewRows(const Job<R>& job)
     constexpr bool fromReversed = fftOrder == bitReversedInput;
     const OuterSource<R, W, form> source{job.src, 0, W};
     const OuterTarget<R, W, form, true> target{job.dst, 0, W, job.scale};
-    const LaneConstants<R, W> constants{job.table + job.head().constants};
+    const LaneConstants<R, W> constants{job.table + job.head().constants, job.head().eighth};
     const R* const factors = job.table + job.head().lanes;
     Cplx<V> x[M];
     ARK_UNROLL
@@ -965,12 +1008,12 @@ void fewRows(const Job<R>& job)
     if constexpr (fromReversed)
         transformLanes<R, W, false>(x, constants);
     else
-        butterfly(x);
+        butterfly(x, constants.eighth);
     ARK_UNROLL
     for (int k = 1; k < M; k++)
         x[k] = x[k] * getCplx<R, W>(factors + k * 2 * W);
     if constexpr (fromReversed)
-        butterfly(x);
+        butterfly(x, constants.eighth);
     else
         transformLanes<R, W, true>(x, constants);
     if constexpr (fftOrder != naturalOrder) {
@@ -1022,7 +1065,7 @@ ARK_INLINE void rowsThenLanes(Source source, Target target, std::ptrdiff_t M, co
         ARK_UNROLL
         for (int t = 0; t < radix; t++)
             x[t] = source(row + t);
-        butterfly(x);
+        butterfly(x, constants.eighth);
         ARK_UNROLL
         for (int j = 0; j < radix; j++)
             x[j] = x[j] * getCplx<R, W>(factors + (next + j * (M / radix)) * 2 * W);
@@ -1045,7 +1088,7 @@ ARK_INLINE void lanesThenRows(Source source, Target target, std::ptrdiff_t M, co
         ARK_UNROLL
         for (int j = 0; j < radix; j++)
             x[j] = x[j] * getCplx<R, W>(factors + (next + j * (M / radix)) * 2 * W);
-        butterfly(x);
+        butterfly(x, constants.eighth);
         ARK_UNROLL
         for (int t = 0; t < radix; t++)
             target(row + t, x[t]);
@@ -1063,8 +1106,8 @@ void shortToReversed(const Job<R>& job, std::ptrdiff_t first)
     rows.re += first / W * rows.stride;
     rows.im += first / W * rows.stride;
     transformRowsToReversed<R, W>(head.plan, head.plan.passes - 1, OuterSource<R, W, form>{job.src, first, W}, rows,
-                                  job.table + head.rows);
-    const LaneConstants<R, W> constants{job.table + head.constants};
+                                  head.rowsTable(job.table));
+    const LaneConstants<R, W> constants{job.table + head.constants, head.eighth};
     const R* const factors = job.table + head.lanes;
     const InnerSource<R, W> source{rows};
     withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
@@ -1081,14 +1124,14 @@ void shortFromReversed(const Job<R>& job, std::ptrdiff_t first)
     Rows<R> rows = rowsIn<R, W, form>(job.dst);
     rows.re += first / W * rows.stride;
     rows.im += first / W * rows.stride;
-    const LaneConstants<R, W> constants{job.table + head.constants};
+    const LaneConstants<R, W> constants{job.table + head.constants, head.eighth};
     const R* const factors = job.table + head.lanes;
     const OuterSource<R, W, form> source{job.src, first, W};
     const InnerTarget<R, W> inner{rows};
     withRadix(head.plan.log2Radix[head.plan.passes - 1],
               [&]<int radix>(Index<radix>) { lanesThenRows<R, W, radix>(source, inner, M, factors, constants); });
     withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
-        transformRowsFromReversed<R, W>(head.plan, head.plan.passes - 1, rows, target, job.table + head.rows);
+        transformRowsFromReversed<R, W>(head.plan, head.plan.passes - 1, rows, target, head.rowsTable(job.table));
     });
 }
 
@@ -1165,7 +1208,7 @@ void matrixToNatural(const Job<R>& job)
     const MatrixFactors<R, W> factors(job);
     for (std::ptrdiff_t c = 0; c < N2; c += W) {
         transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2}, rows,
-                                      job.table + head.rows);
+                                      head.rowsTable(job.table));
         for (std::ptrdiff_t k0 = 0, place = 0; k0 < N1; k0 += W, place = nextReversed(place, N1 / W)) {
             V re[W], im[W];
             ARK_UNROLL
@@ -1188,10 +1231,11 @@ void matrixToNatural(const Job<R>& job)
     for (std::ptrdiff_t k0 = 0; k0 < N1; k0 += W) {
         const Rows<R> row = rowsIn<R, W>(turned + k0 * N2 * 2);
         const InnerSource<R, W> from{row};
-        transformRowsToReversed<R, W>(head.restPlan, head.restPlan.passes - 1, from, row, job.table + head.restRows);
+        transformRowsToReversed<R, W>(head.restPlan, head.restPlan.passes - 1, from, row,
+                                      head.restRowsTable(job.table));
         withTarget<R, W, form>(job.dst, k0, N1, job.scale, [&](auto target) {
             withRadix(head.restPlan.log2Radix[head.restPlan.passes - 1],
-                      [&]<int radix>(Index<radix>) { lastPass<R, W, radix>(from, target, N2); });
+                      [&]<int radix>(Index<radix>) { lastPass<R, W, radix>(from, target, N2, head.eighth); });
         });
     }
 }
@@ -1207,7 +1251,7 @@ void matrixToReversed(const Job<R>& job)
     const MatrixFactors<R, W> factors(job);
     for (std::ptrdiff_t c = 0; c < N2; c += W) {
         transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2}, rows,
-                                      job.table + head.rows);
+                                      head.rowsTable(job.table));
         const OuterTarget<R, W, form, false> target{job.dst, c, N2, 1};
         multiplyRows(source, target, N1, factors, c);
     }
@@ -1231,7 +1275,7 @@ void matrixFromReversed(const Job<R>& job)
         const OuterSource<R, W, form> source{{job.dst.re, job.dst.im}, c, N2};
         multiplyRows(source, inner, N1, factors, c);
         withTarget<R, W, form>(job.dst, c, N2, job.scale, [&](auto target) {
-            transformRowsFromReversed<R, W>(head.plan, head.plan.passes, rows, target, job.table + head.rows);
+            transformRowsFromReversed<R, W>(head.plan, head.plan.passes, rows, target, head.rowsTable(job.table));
         });
     }
 }
@@ -1246,7 +1290,7 @@ void inScalars(const Job<R>& job)
         const R re = job.src.re[i * step], im = job.src.im[i * step];
         x[fftOrder == bitReversedInput ? reversed(i, N) : i] = form == inversePairs ? Cplx<R>{im, re} : Cplx<R>{re, im};
     }
-    butterfly(x);
+    butterfly(x, job.head().eighth);
     for (int i = 0; i < N; i++) {
         const Cplx<R> y = x[fftOrder == bitReversedOutput ? reversed(i, N) : i];
         job.dst.re[i * step] = (form == inversePairs ? y.im : y.re) * job.scale;
@@ -1257,25 +1301,20 @@ void inScalars(const Job<R>& job)
 template <class R, int W, Form form, FftOrder fftOrder>
 void inRegisters(const Job<R>& job)
 {
-    if constexpr (W == lanes<R>)
-        if (job.head().order >= matrixFrom) {
-            if constexpr (fftOrder == naturalOrder)
-                return matrixToNatural<R, W, form>(job);
-            else if constexpr (fftOrder == bitReversedOutput)
-                return matrixToReversed<R, W, form>(job);
-            else
-                return matrixFromReversed<R, W, form>(job);
-        }
-    if (job.head().plan.m == 2)
+    // Registers narrower than the native ones are for the orders that have too few rows of those.
+    if (W < lanes<R> || job.head().plan.m == 2)
         return fewRows<R, W, form, fftOrder, 4>(job);
-    if (job.head().plan.m == 3)
-        return fewRows<R, W, form, fftOrder, 8>(job);
-    if constexpr (fftOrder == naturalOrder)
-        return shortToNatural<R, W, form>(job);
-    else if constexpr (fftOrder == bitReversedOutput)
-        return shortToReversed<R, W, form>(job, 0);
-    else
-        return shortFromReversed<R, W, form>(job, 0);
+    if constexpr (W == lanes<R>) {
+        const bool isMatrix = job.head().order >= matrixFrom;
+        if (job.head().plan.m == 3)
+            return fewRows<R, W, form, fftOrder, 8>(job);
+        if constexpr (fftOrder == naturalOrder)
+            return isMatrix ? matrixToNatural<R, W, form>(job) : shortToNatural<R, W, form>(job);
+        else if constexpr (fftOrder == bitReversedOutput)
+            return isMatrix ? matrixToReversed<R, W, form>(job) : shortToReversed<R, W, form>(job, 0);
+        else
+            return isMatrix ? matrixFromReversed<R, W, form>(job) : shortFromReversed<R, W, form>(job, 0);
+    }
 }
 
 template <class R, Form form, FftOrder fftOrder>

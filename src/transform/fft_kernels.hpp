@@ -4,8 +4,8 @@
 
 namespace ark {
 
-// A complex vector: two arrays of parts. In an interleaved one im is re + 1 and the parts of neighbours are 2 apart; else
-// the arrays are separate and the parts are adjacent.
+// A complex vector: two arrays of parts. In an interleaved one im is re + 1 and the parts of neighbours are 2 apart;
+// else the arrays are separate and the parts are adjacent.
 template <class R>
 struct FftVector {
     R* re;
@@ -15,7 +15,8 @@ struct FftVector {
 enum FftLayout { interleaved, separate, fftLayouts };
 enum FftOrder { naturalOrder, bitReversedInput, bitReversedOutput, fftOrders };
 
-// The complex transform of N = 2^order elements, order 1 to 31: dst[k] = scale * sum over n of src[n] e^(-+2 pi i n k / N).
+// The complex transform of N = 2^order elements, order 1 to 31: dst[k] = scale * sum over n of src[n] e^(-+2 pi i n k /
+// N).
 template <class R>
 struct FftKernels {
     // What one order needs, in reals: a table, filled once and the same for both directions and all layouts and orders,
@@ -25,7 +26,8 @@ struct FftKernels {
     std::size_t (*scratchSize)(int order);
 
     // dst may be src; otherwise they do not overlap. Any address that R allows. scale is a power of two.
-    using Transform = void (*)(FftVector<const R> src, FftVector<R> dst, int order, const R* table, R* scratch, R scale);
+    using Transform = void (*)(FftVector<const R> src, FftVector<R> dst, int order, const R* table, R* scratch,
+                               R scale);
     struct Directions {
         Transform forward, inverse;
     };

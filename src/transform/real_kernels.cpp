@@ -8,8 +8,8 @@ namespace {
 // A register of W complex numbers, native or narrower for short transforms.
 template <class R, int W>
 struct PairsOf {
-    typedef R Type __attribute__((vector_size(2 * W * sizeof(R))));
-    typedef typename BitsOf<R>::Type Bits __attribute__((vector_size(2 * W * sizeof(R))));
+    typedef R Type __attribute__((vector_size(sizeof(R) * 2 * W)));
+    typedef typename BitsOf<R>::Type Bits __attribute__((vector_size(sizeof(R) * 2 * W)));
 };
 template <class R, int W>
 using Pairs = typename PairsOf<R, W>::Type;
@@ -36,13 +36,13 @@ ARK_INLINE auto signsIn(std::size_t place, std::index_sequence<i...>)
 template <class R, int W>
 ARK_INLINE Pairs<R, W> conjugate(Pairs<R, W> v)
 {
-    const auto signs = signsIn<R, W>(1, std::make_index_sequence<2 * W>{});
+    const auto signs = signsIn<R, W>(1, std::make_index_sequence<std::size_t{2} * W>{});
     return (Pairs<R, W>)((typename PairsOf<R, W>::Bits)v ^ signs);
 }
 template <class R, int W>
 ARK_INLINE Pairs<R, W> timesI(Pairs<R, W> v)
 {
-    const auto signs = signsIn<R, W>(0, std::make_index_sequence<2 * W>{});
+    const auto signs = signsIn<R, W>(0, std::make_index_sequence<std::size_t{2} * W>{});
     return (Pairs<R, W>)((typename PairsOf<R, W>::Bits)permute<otherPart>(v) ^ signs);
 }
 
@@ -58,7 +58,7 @@ void recombineBy(const R* src, R* dst, std::ptrdiff_t M, const R* table, R sumFa
         const V a = low, b = conjugate<R, W>(permute<flippedPairs>(high));
         if (k + W <= M / 2) {
             low = get<R, W>(src + 2 * (k + W - 1));
-            high = get<R, W>(src + 2 * (M - k - 2 * W));
+            high = get<R, W>(src + 2 * (M - k - W - W));
         }
         const V root = get<R, W>(table + 2 * (k - 1));
         const V cosine = permute<realPart>(root), sine = permute<imaginaryPart>(root);
@@ -73,7 +73,7 @@ void recombineBy(const R* src, R* dst, std::ptrdiff_t M, const R* table, R sumFa
 template <class R, bool forward>
 void recombine(const R* src, R* dst, int order, const R* table, R sumFactor, R differenceFactor)
 {
-    constexpr int native = lanes<R> / 2, least = int(16 / sizeof(R)) / 2;
+    constexpr std::ptrdiff_t native = lanes<R> / 2, least = std::ptrdiff_t(16 / sizeof(R)) / 2;
     const std::ptrdiff_t M = std::ptrdiff_t{1} << order;
     if (M >= 2 * native)
         return recombineBy<R, native, forward>(src, dst, M, table, sumFactor, differenceFactor);

@@ -76,17 +76,6 @@ inline constexpr ShortTransform shortReal2Fft{
 inline constexpr ShortTransform shortCcs2Fft{
     twoSignalsKind, 2, 1, 2, 0, arksCcs2Fft, "out arksCcs2Fft ARK_Init", "out arksCcs2Fft calc. FFT"};
 
-inline bool scalingGood(Where at, Scaling scaling)
-{
-    const bool fixed = has(scaling.mode, ARK_FIXED_SCALE), automatic = has(scaling.mode, ARK_AUTO_SCALE);
-    const Check checks[] = {{fixed && automatic, "ARK_FIXED_SCALE and ARK_AUTO_SCALE"},
-                            {automatic && !scaling.factor, "ARK_AUTO_SCALE and scaleFactor==NULL"}};
-    for (const Check& check : checks)
-        if (check.failed)
-            badArgument(at, check.message);
-    return !checks[0].failed && !checks[1].failed;
-}
-
 // One factor serves all vectors. Without scaling the results are clamped, with ARK_WRAP too.
 inline void storeScaled(const float* samples, std::ptrdiff_t distance, const ShortVectors& vectors, int count,
                         std::ptrdiff_t length, Scaling scaling)
@@ -98,13 +87,8 @@ inline void storeScaled(const float* samples, std::ptrdiff_t distance, const Sho
         *scaling.factor = factor;
         scaling.mode = ARK_FIXED_SCALE;
     }
-    const bool clamp = scaling.mode == ARK_WRAP || scaling.mode == ARK_SATURATE;
-    const auto round = kernels<ConvertKernels<float>>().integers[1][0].toInt[roundNearest];
     for (int v = 0; v < count; v++)
-        if (clamp)
-            round(samples + v * distance, vectors.dst[v], length, true);
-        else
-            rescale(samples + v * distance, vectors.dst[v], length, scaling);
+        floatToShort(samples + v * distance, vectors.dst[v], length, clampedByDefault(scaling));
 }
 
 // The single element of order 0, and the zeros that a longer result has beside it.
@@ -162,7 +146,7 @@ void shortTransform(Where at, const ShortTransform& transform, const Check (&nul
                result = std::ptrdiff_t(length) + transform.moreResult;
     float* const second = samples + (transform.vectors > 1 ? distance : 0);
     for (int v = 0; v < transform.vectors; v++)
-        kernels<ConvertKernels<float>>().integers[1][0].fromInt(vectors.src[v], v ? second : samples, source);
+        shortToFloat(vectors.src[v], v ? second : samples, source);
     transform.compute(samples, second, order, flags);
     if (!statusGood())
         return report(at, ARK_StatusBacktrace, transform.computeTrace);

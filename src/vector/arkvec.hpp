@@ -181,14 +181,10 @@ private:
     {
         const auto doubled = std::uint64_t(2 * std::int64_t{part < 0 ? -part : part} * level),
                    square = doubled * doubled;
-        auto y = std::uint64_t(double(doubled) * 0.5 / std::sqrt(double(norm)) + 0.5);
-        // That may be off by one near the middle. Exactly: the largest y with (2 y - 1) sqrt(norm) <= 2 part level.
-        const auto isTooLarge = [=](std::uint64_t k) {
-            return k > 0 && (2 * k - 1) * (2 * k - 1) * std::uint64_t(norm) > square;
-        };
-        if (isTooLarge(y))
-            y--;
-        else if (!isTooLarge(y + 1))
+        auto y = std::uint64_t(double(doubled) * 0.5 / std::sqrt(double(norm)));
+        // Toward zero so far. Exactly: the largest y with (2 y - 1) sqrt(norm) <= 2 part level.
+        const std::uint64_t next = 2 * y + 1;
+        if (next * next * std::uint64_t(norm) <= square)
             y++;
         return short(part < 0 ? -int(y) : int(y));
     }

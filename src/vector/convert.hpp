@@ -19,6 +19,9 @@ const typename ConvertKernels<Real>::Integer& integerKernels(int wordBits, int f
 
 inline bool isWordSize(int wordBits) { return wordBits == 8 || wordBits == 16 || wordBits == 32; }
 
+// std::has_single_bit calls a function where the processor may lack an instruction that counts bits.
+inline bool hasSingleBit(unsigned bits) { return bits != 0 && (bits & (bits - 1)) == 0; }
+
 template <class Real>
 void floatToInt(Where at, const Real* src, void* dst, int len, int wordBits, int flags)
 {
@@ -28,7 +31,7 @@ void floatToInt(Where at, const Real* src, void* dst, int len, int wordBits, int
                       {!src, "src==0"},
                       {!dst, "dst==0"},
                       {!isWordSize(wordBits), "Invalid size of an integer"},
-                      {!std::has_single_bit(roundingFlags), "Invalid conversion flag"}}))
+                      {!hasSingleBit(roundingFlags), "Invalid conversion flag"}}))
         return;
     const int rounding = std::countr_zero(roundingFlags) - std::countr_zero(unsigned(ARK_RoundNearest));
     const auto convert = integerKernels<Real>(wordBits, flags).toInt[rounding];

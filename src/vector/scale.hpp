@@ -140,4 +140,37 @@ void rescale(const Source* src, short* dst, std::ptrdiff_t n, Scaling scaling)
     }
 }
 
+// ---- floats to 16 bits: results of operations that are computed in single precision ----
+
+// What the operations that take floats to 16 bits say about their scale mode, both when both hold.
+inline bool scalingGood(Where at, Scaling scaling)
+{
+    const bool fixed = (scaling.mode & ARK_FIXED_SCALE) != 0, automatic = (scaling.mode & ARK_AUTO_SCALE) != 0;
+    const Check checks[] = {{fixed && automatic, "ARK_FIXED_SCALE and ARK_AUTO_SCALE"},
+                            {automatic && !scaling.factor, "ARK_AUTO_SCALE and scaleFactor==NULL"}};
+    for (const Check& check : checks)
+        if (check.failed)
+            badArgument(at, check.message);
+    return !checks[0].failed && !checks[1].failed;
+}
+
+// Where results are clamped unless another mode is asked for: ARK_WRAP means ARK_SATURATE.
+inline Scaling clampedByDefault(Scaling scaling)
+{
+    return {scaling.mode == ARK_WRAP ? int{ARK_SATURATE} : scaling.mode, scaling.factor};
+}
+
+// dst = src, rounded to nearest (ties to even), under a scale mode.
+inline void floatToShort(const float* src, short* dst, std::ptrdiff_t n, Scaling scaling)
+{
+    if (scaling.mode == ARK_SATURATE)
+        kernels<ConvertKernels<float>>().integers[1][0].toInt[roundNearest](src, dst, n, true);
+    else
+        rescale(src, dst, n, scaling);
+}
+inline void shortToFloat(const short* src, float* dst, std::ptrdiff_t n)
+{
+    kernels<ConvertKernels<float>>().integers[1][0].fromInt(src, dst, n);
+}
+
 } // namespace ark

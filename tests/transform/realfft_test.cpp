@@ -64,7 +64,7 @@ struct Members<double> {
 template <class R>
 double bound(int order)
 {
-    return 0.6 * std::numeric_limits<R>::epsilon() * std::sqrt(order + 1);
+    return reference::transformError<R>(order + 1, order <= 12);
 }
 
 // Where each layout keeps the parts of X_k; the table of the documentation as formulas.

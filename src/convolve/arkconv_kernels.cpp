@@ -1,0 +1,172 @@
+// Convolution by direct sums. Lanes are outputs; a tap is broadcast and meets several registers of data.
+#include "frame/kernels.hpp"
+#include "frame/simd.hpp"
+
+namespace ark::ARK_SET {
+namespace {
+
+ARK_INLINE std::ptrdiff_t least(std::ptrdiff_t a, std::ptrdiff_t b) { return a < b ? a : b; }
+ARK_INLINE std::ptrdiff_t most(std::ptrdiff_t a, std::ptrdiff_t b) { return a > b ? a : b; }
+
+template <class X, class T>
+struct Direct {
+    using Y = FirOutput<X, T>;
+    using R = Real<Y>;
+    using V = Vec<R>;
+    using MaskBits = typename BitsOf<R>::Type;
+    static constexpr int tapParts = parts<T>;
+    static constexpr std::ptrdiff_t elements = lanes<R> / parts<X>; // outputs of a row
+#if defined(__x86_64__)
+    static constexpr int maxRows = tapParts == 1 || ARK_AVX512 ? 8 : 4;
+#else // eight registers
+    static constexpr int maxRows = tapParts == 1 ? 4 : 2;
+#endif
+    static constexpr int edgeRows = maxRows / 2;
+
+    static ARK_INLINE void storeRow(R* to, V real, V imaginary)
+    {
+        if constexpr (parts<X> == 2 && tapParts == 2) {
+            store(to, real + negateReal<R>(permute<otherPart>(imaginary)));
+        } else if constexpr (tapParts == 2) {
+            store(to, permute2<lowOfBoth>(real, imaginary));
+            store(to + lanes<R>, permute2<highOfBoth>(real, imaginary));
+        } else {
+            store(to, real);
+        }
+    }
+
+    // Rows of outputs from the taps h[begin] ... h[end-1]; x is what h[0] meets in the first output. Where mask is
+    // given, products with elements that do not exist become zero, whatever the tap is.
+    template <int rows, bool masked>
+    static ARK_INLINE void tile(const X* x, const MaskBits* mask, const T* h, std::ptrdiff_t begin, std::ptrdiff_t end,
+                                Y* y)
+    {
+        V sums[tapParts][rows] = {};
+        for (std::ptrdiff_t i = begin; i < end; i++) {
+            V tap[tapParts];
+            for (int part = 0; part < tapParts; part++)
+                tap[part] = broadcast<R>(partsOf(h + i)[part]);
+            ARK_UNROLL
+            for (int row = 0; row < rows; row++) {
+                const std::ptrdiff_t at = row * elements - i;
+                const V data = load(partsOf(x + at));
+                for (int part = 0; part < tapParts; part++) {
+                    V product = tap[part] * data;
+                    if constexpr (masked)
+                        product = (V)((Vec<MaskBits>)product & load(mask + at * parts<X>));
+                    sums[part][row] += product;
+                }
+            }
+        }
+        ARK_UNROLL
+        for (int row = 0; row < rows; row++)
+            storeRow(partsOf(y + row * elements), sums[0][row], sums[tapParts - 1][row]);
+    }
+
+    // Outputs that meet every tap; the last tile overlaps the one before it.
+    template <int rows>
+    static void tiles(const X* x, const T* h, std::ptrdiff_t n, Y* y, std::ptrdiff_t count)
+    {
+        constexpr std::ptrdiff_t length = rows * elements;
+        for (std::ptrdiff_t k = 0; k < count; k += length) {
+            const std::ptrdiff_t at = least(k, count - length);
+            tile<rows, false>(x + at, nullptr, h, 0, n, y + at);
+        }
+    }
+
+    static bool areFinite(const T* h, std::ptrdiff_t n)
+    {
+        int strange = 0;
+        for (std::ptrdiff_t i = 0; i < n * tapParts; i++)
+            strange |= !(partsOf(h)[i] * 0 == 0);
+        return !strange;
+    }
+
+    // Outputs some of whose taps hang over an end of the data.
+    struct Edge {
+        const X* data;        // what h[0] meets in the first output, of a copy of x with zeros around it
+        const MaskBits* mask; // the same place in an array of bits that are set where x is, or null
+        const T* h;
+        std::ptrdiff_t len, n, first; // of x, of h; the first output's number
+        Y* out;
+
+        template <int rows, bool masked>
+        ARK_INLINE void put(std::ptrdiff_t& k) const
+        {
+            constexpr std::ptrdiff_t length = rows * elements;
+            tile<rows, masked>(data + k, masked ? mask + k * parts<X> : nullptr, h, most(0, first + k - (len - 1)),
+                               least(n, first + k + length), out + k);
+            k += length;
+        }
+    };
+
+    static void edge(const X* x, std::ptrdiff_t len, const T* h, std::ptrdiff_t n, Y* y, std::ptrdiff_t first,
+                     std::ptrdiff_t count)
+    {
+        constexpr std::ptrdiff_t maxSize = 3 * longestDirect + 2 * maxRows * elements;
+        X data[maxSize];
+        Y out[maxSize];
+        const std::ptrdiff_t origin = n - 1 - first; // of x in data
+        const std::ptrdiff_t size = count + n - 1 + maxRows * elements;
+        const std::ptrdiff_t begin = most(0, -origin), end = least(len, size - origin);
+        __builtin_memset(data, 0, std::size_t(origin + begin) * sizeof(X));
+        __builtin_memcpy(data + origin + begin, x + begin, std::size_t(end - begin) * sizeof(X));
+        __builtin_memset(data + origin + end, 0, std::size_t(size - origin - end) * sizeof(X));
+
+        Edge edge{data + n - 1, nullptr, h, len, n, first, out};
+        std::ptrdiff_t k = 0;
+        if (areFinite(h, n)) {
+            while (k + 2 * elements < count)
+                edge.template put<edgeRows, false>(k);
+            if (k + elements < count)
+                edge.template put<2, false>(k);
+            if (k < count)
+                edge.template put<1, false>(k);
+        } else { // not a number times zero
+            MaskBits mask[parts<X> * maxSize];
+            __builtin_memset(mask, 0, sizeof mask);
+            __builtin_memset(mask + (origin + begin) * parts<X>, 0xFF, std::size_t(end - begin) * sizeof(X));
+            edge.mask = mask + (n - 1) * parts<X>;
+            while (k < count)
+                edge.template put<1, true>(k);
+        }
+        __builtin_memcpy(y + first, out, std::size_t(count) * sizeof(Y));
+    }
+
+    static void run(const X* x, std::ptrdiff_t len, const T* h, std::ptrdiff_t n, Y* y)
+    {
+        const std::ptrdiff_t complete = len - n + 1;
+        if (complete < maxRows * elements)
+            return edge(x, len, h, n, y, 0, len + n - 1);
+        tiles<maxRows>(x + n - 1, h, n, y + n - 1, complete);
+        if (n > 1) {
+            edge(x, len, h, n, y, 0, n - 1);
+            edge(x, len, h, n, y, len, n - 1);
+        }
+    }
+};
+
+template <class X, class T>
+constexpr ConvKernels<X, T> table{Direct<X, T>::run};
+
+} // namespace
+
+extern const ConvKernels<float, float> convS;
+extern const ConvKernels<double, double> convD;
+extern const ConvKernels<FloatCplx, FloatCplx> convC;
+extern const ConvKernels<DoubleCplx, DoubleCplx> convZ;
+extern const ConvKernels<float, FloatCplx> convSC;
+extern const ConvKernels<FloatCplx, float> convCS;
+extern const ConvKernels<double, DoubleCplx> convDZ;
+extern const ConvKernels<DoubleCplx, double> convZD;
+
+constinit const ConvKernels<float, float> convS = table<float, float>;
+constinit const ConvKernels<double, double> convD = table<double, double>;
+constinit const ConvKernels<FloatCplx, FloatCplx> convC = table<FloatCplx, FloatCplx>;
+constinit const ConvKernels<DoubleCplx, DoubleCplx> convZ = table<DoubleCplx, DoubleCplx>;
+constinit const ConvKernels<float, FloatCplx> convSC = table<float, FloatCplx>;
+constinit const ConvKernels<FloatCplx, float> convCS = table<FloatCplx, float>;
+constinit const ConvKernels<double, DoubleCplx> convDZ = table<double, DoubleCplx>;
+constinit const ConvKernels<DoubleCplx, double> convZD = table<DoubleCplx, double>;
+
+} // namespace ark::ARK_SET
