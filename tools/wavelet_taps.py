@@ -19,6 +19,7 @@ Needs mpmath (python3-mpmath) and PyWavelets (python3-pywt). Everything is compu
   biorthogonal  Cohen, Daubechies, Feauveau, the pairs 4.4, 5.5 and 6.8, which are no splines: the zeros of the halfband
                 filter shared between the two filters
 """
+import functools
 import sys
 
 import numpy as np
@@ -50,6 +51,7 @@ def scaled(p):
     return [x * sqrt(mpf(2)) / total for x in p]
 
 
+@functools.cache
 def zero_groups(moments):
     """The zeros inside the unit circle of the halfband filter with that many moments a side, conjugates together.
 
@@ -189,7 +191,7 @@ daubechies = {n: orthogonal(n) for n in range(1, 21)}
 symlets = {n: orthogonal(n, choice) for n, choice in symlet_choices.items()}
 coiflets = {k: coiflet(k) for k in range(1, 6)}
 meyer = nearest_orthonormal(nearest_in_double(pywt.Wavelet("dmey").rec_lo))
-pairs = {"4.4": biorthogonal(4, 4, {1}), "5.5": biorthogonal(5, 4, {0}), "6.8": biorthogonal(7, 8, {0, 1})}
+pairs = {"4.4": biorthogonal(4, 4, {1}), "5.5": biorthogonal(5, 4, {1}), "6.8": biorthogonal(7, 8, {0, 2})}
 
 if "--check" in sys.argv:
     def compare(name, got, published):
@@ -218,7 +220,8 @@ print("""// Scaling filters, that is, low-pass synthesis filters. Written by too
 namespace ark {
 """)
 emit("daubechiesTaps", "Of 1 to 20 vanishing moments, 2 to 40 taps.", daubechies.values())
-emit("symletTaps", "Of 2 to 20 vanishing moments, 4 to 40 taps.", symlets.values())
+emit("symletTaps", "Of 4 to 20 vanishing moments, 8 to 40 taps; those of 2 and 3 are the Daubechies filters.",
+     [h for n, h in symlets.items() if n >= 4])
 emit("coifletTaps", "6 to 30 taps.", coiflets.values())
 emit("meyerTaps", "62 taps.", [meyer])
 emit("beylkinTaps", "18 taps.", [nearest_orthonormal(beylkin.split())])
