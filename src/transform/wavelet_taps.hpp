@@ -1,4 +1,5 @@
-// Low-pass synthesis filters that cannot be built well in double: those of a family one after the other, shortest first.
+// Low-pass synthesis filters that cannot be built well in double: those of a family one after the other, shortest
+// first.
 #pragma once
 
 namespace ark {
