@@ -339,8 +339,9 @@ ARKPX_API void arkwMpyRCPerm3(const short* srcA, const short* srcB, short* dst, 
  *   2  Daubechies, par1 vanishing moments, 1 to 20; 2 par1 taps
  *   3  symlets, their nearly symmetric relatives, par1 2 to 20; 2 par1 taps
  *   4  coiflets, par1 1 to 5; 6 par1 taps
- *   5  biorthogonal with linear phase (Cohen, Daubechies, Feauveau), par1 vanishing moments of the synthesis wavelet, par2
- *      of the analysis wavelet: 1 with 1 3 5; 2 with 2 4 6 8; 3 with 1 3 5 7 9; 4 with 4; 5 with 5; 6 with 8
+ *   5  biorthogonal with linear phase (Cohen, Daubechies, Feauveau), known as par1.par2: the synthesis low-pass has par1
+ *      zeros at the Nyquist frequency, the analysis low-pass par2: 1 with 1 3 5; 2 with 2 4 6 8; 3 with 1 3 5 7 9; 4 with
+ *      4; 5 with 5 (in truth 6 and 4); 6 with 8. High bands of polynomials of degree below par1 vanish.
  *   6  the same with analysis and synthesis exchanged
  *   7  discrete Meyer, 62 taps
  *   8  Beylkin, 18 taps
@@ -353,10 +354,10 @@ ARKPX_API void arkwMpyRCPerm3(const short* srcA, const short* srcB, short* dst, 
  * Sources: I. Daubechies, Ten Lectures on Wavelets; the taps are computed by tools/wavelet_taps.py, which names the others.
  *
  * wtType 10 stands for the caller's own four filters, in the order h0, h1, g0, g1 (kind 3): Flen[0] = Flen[3] >= 2,
- * Flen[1] = Flen[2] >= 2, 0 <= Fofs[i] < Flen[i]. They are copied. Whether Reconstruct inverts Decompose, is the caller's
- * concern: for filters that restore the signal delayed by D, h0 * g0 + h1 * g1 = 2 delta[n - D], it does, if o0 + o2 =
- * o1 + o3 = D and D and both pairs of offsets fit: h1[k - o1 + 1] = (-1)^k g0[k - o2] up to sign and even shifts.
- * The usual orthogonal tables (h0 reversed is g0, and h1 reversed is g1) take the offsets above.
+ * Flen[1] = Flen[2] >= 2, 0 <= Fofs[i] < Flen[i]. They are copied. Filters as tables have them, whose bank restores the
+ * signal after a delay of D samples - H0(z) G0(z) + H1(z) G1(z) = 2 z^-D, H0(-z) G0(z) + H1(-z) G1(z) = 0 - take any
+ * offsets with o0 + o2 = o1 + o3 = D and o0 - o1 even; Reconstruct then inverts Decompose. For orthogonal filters of F
+ * taps, D = F - 1.
  *
  * The record is the caller's; the arrays behind it are the library's, from Init or SetState to arkWtFree. Zero it before
  * its first use; do not copy or move it while it is initialised. Init builds a wavelet, SetState does the same through
