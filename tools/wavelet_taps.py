@@ -213,7 +213,7 @@ if "--check" in sys.argv:
             compare(name, got, [x for x in published if x != 0])
     sys.exit()
 
-print("""// Scaling filters, that is, low-pass synthesis filters. Written by tools/wavelet_taps.py, which says where they come from.
+print("""// Low-pass synthesis filters. Written by tools/wavelet_taps.py, which says where they come from.
 #include "transform/wavelet_taps.hpp"
 
 // clang-format off

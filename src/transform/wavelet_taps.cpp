@@ -1,4 +1,4 @@
-// Scaling filters, that is, low-pass synthesis filters. Written by tools/wavelet_taps.py, which says where they come from.
+// Low-pass synthesis filters. Written by tools/wavelet_taps.py, which says where they come from.
 #include "transform/wavelet_taps.hpp"
 
 // clang-format off

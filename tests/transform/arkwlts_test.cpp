@@ -151,7 +151,8 @@ void expectByDefinition(const wtState& state, Wide (*model)(const Bank&, Wide, i
     for (T value : x)
         sizes.push_back(std::fabs(value));
     const Wide expected = model(bank, wide, state.level, false), bound = model(bank, sizes, state.level, true);
-    const long double roundings = state.level * (bank.taps[0].size() + bank.taps[1].size() + 2);
+    const long double roundings =
+        static_cast<long double>(state.level) * static_cast<long double>(bank.taps[0].size() + bank.taps[1].size() + 2);
     for (std::size_t i = 0; i < x.size(); i++)
         ASSERT_NEAR(got[i], double(expected[i]), double(roundings * std::numeric_limits<T>::epsilon() * bound[i]))
             << i << " of " << x.size() << ", level " << state.level;
@@ -361,7 +362,7 @@ TEST(Wavelet, TapsArePublishedOnes)
     expectTaps(
         {2, 2, 0}, 2,
         {(1 + root3) / (4 * root2), (3 + root3) / (4 * root2), (3 - root3) / (4 * root2), (1 - root3) / (4 * root2)},
-        2e-16);
+        5e-16); // the formula itself is rounded several times
     expectTaps({2, 4, 0}, 2,
                {.2303778133088964, .7148465705529154, .6308807679298587, -.0279837694168599, -.1870348117190931,
                 .0308413818355607, .0328830116668852, -.0105974017850690},
@@ -513,8 +514,10 @@ TEST(WaveletRecord, TransformsReport)
     EXPECT_EQ(with([](wtState& s) { s.Fofs[3] = 4; }), Messages{"error in the filter offsets"});
     EXPECT_EQ(with([](wtState& s) { s.Fofs[1] = -1; }), Messages{"error in the filter offsets"});
     arkSetErrStatus(ARK_StatusBadArgument);
-    EXPECT_EQ(with([](wtState&) { arkSetErrStatus(ARK_StatusBadArgument); }), Messages{});
-    arkSetErrStatus(ARK_StatusOk);
+    arksWtDecompose(&record.state, x, y);
+    arksWtReconstruct(&record.state, x, y);
+    EXPECT_EQ(y[0], 7);
+    EXPECT_TRUE(reports.messages().empty());
 }
 
 // ---- 16 bits ----
