@@ -37,7 +37,6 @@ template <>
 struct Members<float> {
     static constexpr auto init = arksWtInit;
     static constexpr auto setState = arksWtSetState;
-    static constexpr auto getState = arksWtGetState;
     static constexpr auto decompose = arksWtDecompose;
     static constexpr auto reconstruct = arksWtReconstruct;
 };
@@ -45,7 +44,6 @@ template <>
 struct Members<double> {
     static constexpr auto init = arkdWtInit;
     static constexpr auto setState = arkdWtSetState;
-    static constexpr auto getState = arkdWtGetState;
     static constexpr auto decompose = arkdWtDecompose;
     static constexpr auto reconstruct = arkdWtReconstruct;
 };
