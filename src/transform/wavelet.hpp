@@ -34,8 +34,8 @@ struct FilterPhase {
     HalfFilter<T> on(const T* line, std::ptrdiff_t i) const { return {tap, count, line + i + start}; }
 };
 
-// Half of a level's signal in the working buffer, continued periodically as far as two filters reach: half the longer
-// one's length to each side at the most.
+// A part of a level's samples in the working buffer, with as many more on both sides as two filters reach: half the
+// longer one's length at the most.
 template <class T>
 struct Line {
     std::ptrdiff_t len, before, after;
@@ -49,12 +49,21 @@ struct Line {
     {}
 
     T* end() const { return samples + len + after; }
-    void extend() const
+
+    // The samples from i on are there; adds those around them, at(m) for m = 0 ... n-1, periodic with n.
+    template <class At>
+    void extend(std::ptrdiff_t i, std::ptrdiff_t n, const At& at) const
     {
-        for (std::ptrdiff_t i = 1; i <= before; i++)
-            samples[-i] = samples[len - i];
-        for (std::ptrdiff_t i = 0; i < after; i++)
-            samples[len + i] = samples[i];
+        std::ptrdiff_t m = i;
+        for (std::ptrdiff_t k = 1; k <= before; k++) {
+            m = (m ? m : n) - 1;
+            samples[-k] = at(m);
+        }
+        m = i + len - 1;
+        for (std::ptrdiff_t k = 0; k < after; k++) {
+            m = m + 1 < n ? m + 1 : 0;
+            samples[len + k] = at(m);
+        }
     }
 };
 
@@ -67,63 +76,92 @@ const T* filterOf(const wtState& state, int i)
     return static_cast<const T*>(state.tap_filt[i]);
 }
 
-// 2 n samples of src into n of low and of high. All of src is read before anything is written.
+// 2 n samples of src into n of low and of high. Unless src lies apart from them, all of it is read before anything is
+// written.
 template <class T>
-void analyse(const wtState& state, const T* src, T* low, T* high, std::ptrdiff_t n)
+void analyse(const wtState& state, const T* src, T* low, T* high, std::ptrdiff_t n, bool isApart)
 {
     const T *const h = filterOf<T>(state, analysisLow), *const g = filterOf<T>(state, analysisHigh);
     const FilterPhase<T> hEven{h, state.Flen[0], state.Fofs[0]}, hOdd{h, state.Flen[0], state.Fofs[0] - 1};
     const FilterPhase<T> gEven{g, state.Flen[1], state.Fofs[1]}, gOdd{g, state.Flen[1], state.Fofs[1] - 1};
-    const Line<T> even{static_cast<T*>(state.src_pad), n, hEven, gEven}, odd{even.end(), n, hOdd, gOdd};
+    const std::ptrdiff_t block = std::min(waveletBlock, n), part = isApart ? block : n;
+    const Line<T> even{static_cast<T*>(state.src_pad), part, hEven, gEven}, odd{even.end(), part, hOdd, gOdd};
     const WaveletKernels<T>& loops = kernels<WaveletKernels<T>>();
-    loops.split(src, even.samples, odd.samples, n);
-    even.extend();
-    odd.extend();
-    for (std::ptrdiff_t i = 0; i < n; i += waveletBlock) {
-        const std::ptrdiff_t count = std::min(waveletBlock, n - i);
-        loops.filter(hEven.on(even.samples, i), hOdd.on(odd.samples, i), low + i, count);
-        loops.filter(gEven.on(even.samples, i), gOdd.on(odd.samples, i), high + i, count);
+    for (std::ptrdiff_t i = 0; i < n; i += part) {
+        loops.split(src + 2 * i, even.samples, odd.samples, part);
+        even.extend(i, n, [=](std::ptrdiff_t m) { return src[2 * m]; });
+        odd.extend(i, n, [=](std::ptrdiff_t m) { return src[2 * m + 1]; });
+        for (std::ptrdiff_t j = 0; j < part; j += block) {
+            loops.filter(hEven.on(even.samples, j), hOdd.on(odd.samples, j), low + i + j, block);
+            loops.filter(gEven.on(even.samples, j), gOdd.on(odd.samples, j), high + i + j, block);
+        }
     }
 }
 
-// n of low and of high into 2 n samples of dst. All of low and high is read before anything is written.
+// n of low and of high into 2 n samples of dst. Unless both lie apart from it, all of them is read before anything is
+// written.
 template <class T>
-void synthesise(const wtState& state, const T* low, const T* high, T* dst, std::ptrdiff_t n)
+void synthesise(const wtState& state, const T* low, const T* high, T* dst, std::ptrdiff_t n, bool isApart)
 {
     const T *const h = filterOf<T>(state, synthesisLow), *const g = filterOf<T>(state, synthesisHigh);
     const FilterPhase<T> hEven{h, state.Flen[2], state.Fofs[2]}, hOdd{h, state.Flen[2], state.Fofs[2] + 1};
     const FilterPhase<T> gEven{g, state.Flen[3], state.Fofs[3]}, gOdd{g, state.Flen[3], state.Fofs[3] + 1};
-    const Line<T> lows{static_cast<T*>(state.src_pad), n, hEven, hOdd}, highs{lows.end(), n, gEven, gOdd};
+    const std::ptrdiff_t block = std::min(waveletBlock, n), part = isApart ? block : n;
+    const Line<T> lows{static_cast<T*>(state.src_pad), part, hEven, hOdd}, highs{lows.end(), part, gEven, gOdd};
     const WaveletKernels<T>& loops = kernels<WaveletKernels<T>>();
-    std::memcpy(lows.samples, low, std::size_t(n) * sizeof(T));
-    std::memcpy(highs.samples, high, std::size_t(n) * sizeof(T));
-    lows.extend();
-    highs.extend();
     T even[waveletBlock], odd[waveletBlock];
-    for (std::ptrdiff_t i = 0; i < n; i += waveletBlock) {
-        const std::ptrdiff_t count = std::min(waveletBlock, n - i);
-        loops.filter(hEven.on(lows.samples, i), gEven.on(highs.samples, i), even, count);
-        loops.filter(hOdd.on(lows.samples, i), gOdd.on(highs.samples, i), odd, count);
-        loops.join(even, odd, dst + 2 * i, count);
+    // The samples i ... i + part - 1 and those around them: where they are, or in the working buffer.
+    const auto around = [=](const Line<T>& line, const T* band, std::ptrdiff_t i) -> const T* {
+        if (isApart && i >= line.before && i + part + line.after <= n)
+            return band + i;
+        std::memcpy(line.samples, band + i, std::size_t(part) * sizeof(T));
+        line.extend(i, n, [=](std::ptrdiff_t m) { return band[m]; });
+        return line.samples;
+    };
+    for (std::ptrdiff_t i = 0; i < n; i += part) {
+        const T *const a = around(lows, low, i), *const d = around(highs, high, i);
+        for (std::ptrdiff_t j = 0; j < part; j += block) {
+            loops.filter(hEven.on(a, j), gEven.on(d, j), even, block);
+            loops.filter(hOdd.on(a, j), gOdd.on(d, j), odd, block);
+            loops.join(even, odd, dst + 2 * (i + j), block);
+        }
     }
+}
+
+// The end of the working buffer, for half the signal: what is in front of it holds a block's lines, or those of the
+// second level. The two largest levels then need no copy of what they read. Null where blocks are no parts.
+template <class T>
+T* spareHalf(const wtState& state)
+{
+    const std::ptrdiff_t half = std::ptrdiff_t{1} << (state.dataOrder - 1);
+    const std::ptrdiff_t extension = 2 * std::ptrdiff_t{std::max(state.Flen[0], state.Flen[1])};
+    return half >= 2 * waveletBlock ? static_cast<T*>(state.src_pad) + half + extension : nullptr;
 }
 
 // All levels, at least one; dst may be src.
 template <class T>
 void analyseAll(const wtState& state, const T* src, T* dst)
 {
+    T* const spare = src != dst && state.level > 1 ? spareHalf<T>(state) : nullptr;
+    const T* from = src;
     for (int level = 1; level <= state.level; level++) {
         const std::ptrdiff_t n = std::ptrdiff_t{1} << (state.dataOrder - level);
-        analyse(state, level == 1 ? src : dst, dst, dst + n, n);
+        T* const low = level == 1 && spare ? spare : dst;
+        analyse(state, from, low, dst + n, n, from != dst);
+        from = low;
     }
 }
 
 template <class T>
 void synthesiseAll(const wtState& state, const T* src, T* dst)
 {
+    T* const spare = src != dst ? spareHalf<T>(state) : nullptr;
+    const T* low = src;
     for (int level = state.level; level >= 1; level--) {
         const std::ptrdiff_t n = std::ptrdiff_t{1} << (state.dataOrder - level);
-        synthesise(state, level == state.level ? src : dst, src + n, dst, n);
+        T* const to = level == 2 && spare ? spare : dst;
+        synthesise(state, low, src + n, to, n, src != dst && low != to);
+        low = to;
     }
 }
 

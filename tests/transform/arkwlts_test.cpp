@@ -185,7 +185,9 @@ template <class T>
 void checkAnyFilters()
 {
     for (int round = 0; round < 300; round++) {
-        const int longest = round % 3 ? 12 : 70, lengths[2] = {randomInt(2, longest), randomInt(2, longest)};
+        const bool isLong = round == 7;
+        const int shortest = isLong ? 1100 : 2, longest = isLong ? 1500 : round % 3 ? 12 : 70;
+        const int lengths[2] = {randomInt(shortest, longest), randomInt(shortest, longest)};
         const int len[4] = {lengths[0], lengths[1], lengths[1], lengths[0]};
         std::vector<T> taps[4];
         const T* pointers[4];
@@ -196,7 +198,8 @@ void checkAnyFilters()
             pointers[i] = taps[i].data();
             ofs[i] = randomInt(0, len[i] - 1);
         }
-        const int order = round % 20 ? randomInt(1, 8) : randomInt(9, 12), level = randomInt(0, order - 1);
+        const int order = isLong ? 11 : round % 20 ? randomInt(1, 8) : randomInt(9, 12);
+        const int level = isLong ? 2 : round % 40 ? randomInt(0, order - 1) : round / 40 % 4;
         Record record;
         Members<T>::setState(&record.state, 10, 3, 4, order, level, pointers, len, ofs);
         ASSERT_EQ(record.state.initialised, 1);
