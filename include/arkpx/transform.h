@@ -448,6 +448,135 @@ ARKPX_API void arksDct(const float* src, float* dst, int len, int flags);
 ARKPX_API void arkdDct(const double* src, double* dst, int len, int flags);
 ARKPX_API void arkwDct(const short* src, short* dst, int len, int flags);
 
+/* ---------------------------------------------------------------------------------------------------------------
+ * Wavelet transform
+ *
+ * The discrete wavelet transform of N = 2^dataOrder real samples over level levels, 0 <= level < dataOrder: a two-channel
+ * filter bank applied to the signal, then to its low band, and so on. The signal counts as periodic: all indices are
+ * modulo the length M of the level's signal, also where a filter is several times longer.
+ *
+ *   Decompose     low[n]  = sum over k of h0[k] x[2n + o0 - k]       h0 the analysis low-pass of Flen[0] taps, o0 = Fofs[0]
+ *                 high[n] = sum over k of h1[k] x[2n + o1 - k]       h1 the analysis high-pass; n = 0 ... M/2 - 1
+ *   Reconstruct   x[m] = sum over n of g0[m - 2n + o2] low[n] + g1[m - 2n + o3] high[n]       m = 0 ... M - 1
+ *                                                                    g0, g1 the synthesis filters; taps outside are 0
+ *
+ * Each level leaves its high band in the upper half and goes on with the lower one. The subbands in dst, and in
+ * Reconstruct's src, are thus, for level 3 and N = 16,
+ *
+ *   elements 0 1 | 2 3 | 4 5 6 7 | 8 ... 15
+ *            low   high  high      high
+ *            of level 3  of 2      of 1
+ *
+ * in general the low band in elements 0 ... 2^(dataOrder-level) - 1 and the high band of level j in the elements from
+ * 2^(dataOrder-j) to 2^(dataOrder-j+1) - 1. Level 0 copies. dst may be src; otherwise they must not overlap.
+ *
+ * Example: Haar, N = 4, one level, r = 1/sqrt(2). h0 = {r, r}, h1 = {-r, r}, g0 = {r, r}, g1 = {r, -r}, offsets
+ * {1, 1, 0, 0}. x = {1, 3, 4, 8}:
+ *   low[0]  = h0[0] x[1] + h0[1] x[0] =  3r + 1r = 4r       low[1]  = 12r       dst = {4r, 12r, -2r, -4r}
+ *   high[0] = h1[0] x[1] + h1[1] x[0] = -3r + 1r = -2r      high[1] = -4r
+ *   x[0] = g0[0] low[0] + g1[0] high[0] = 4rr - 2rr = 1     x[1] = g0[1] low[0] + g1[1] high[0] = 4rr + 2rr = 3
+ *
+ * Built-in wavelets, numbered by wtType. par1 and par2 are ignored where none is named, but always stored.
+ *
+ *   1  Haar
+ *   2  Daubechies, par1 vanishing moments, 1 to 20; 2 par1 taps
+ *   3  symlets, their nearly symmetric relatives, par1 2 to 20; 2 par1 taps
+ *   4  coiflets, par1 1 to 5; 6 par1 taps
+ *   5  biorthogonal with linear phase (Cohen, Daubechies, Feauveau), known as par1.par2: the synthesis low-pass has par1
+ *      zeros at the Nyquist frequency, the analysis low-pass par2: 1 with 1 3 5; 2 with 2 4 6 8; 3 with 1 3 5 7 9; 4 with
+ *      4; 5 with 5 (in truth 6 and 4); 6 with 8. High bands of polynomials of degree below par1 vanish.
+ *   6  the same with analysis and synthesis exchanged
+ *   7  discrete Meyer, 62 taps
+ *   8  Beylkin, 18 taps
+ *   9  Vaidyanathan, 24 taps
+ *
+ * 5 and 6 are of kind 2; the others are orthogonal, of kind 1: their transform keeps the sum of squares. Low-pass taps
+ * have the sum sqrt(2). Types 7 and 9 are the filters of that name in common use moved to the nearest exactly orthogonal
+ * ones (taps by up to 9e-4 and 7e-6). With types 1 to 6, the bands are those that PyWavelets computes with mode
+ * periodization. For an orthogonal filter of F taps the offsets are {F/2, F/2, F/2 - 1, F/2 - 1}.
+ * Sources: I. Daubechies, Ten Lectures on Wavelets; the taps are computed by tools/wavelet_taps.py, which names the others.
+ *
+ * wtType 10 stands for the caller's own four filters, in the order h0, h1, g0, g1 (kind 3): Flen[0] = Flen[3] >= 2,
+ * Flen[1] = Flen[2] >= 2, 0 <= Fofs[i] < Flen[i]. They are copied. Filters as tables have them, whose bank restores the
+ * signal after a delay of D samples - H0(z) G0(z) + H1(z) G1(z) = 2 z^-D, H0(-z) G0(z) + H1(-z) G1(z) = 0 - take any
+ * offsets with o0 + o2 = o1 + o3 = D and o0 - o1 even; Reconstruct then inverts Decompose. For orthogonal filters of F
+ * taps, D = F - 1.
+ *
+ * The record is the caller's; the arrays behind it are the library's, from Init or SetState to arkWtFree. Zero it before
+ * its first use; do not copy or move it while it is initialised. Init builds a wavelet, SetState does the same through
+ * Init or takes the caller's filters, both release what an initialised record owned, and leave it cleared on failure.
+ * GetState gives the fields, and the filters as pointers to the record's own; they may be passed to SetState, also of the
+ * same record. Any of GetState's outputs may be null. A record serves one thread at a time, as it holds the working
+ * buffer; members of one type only (s and w share records).
+ *
+ *   wtState state = {0};
+ *   arksWtInit(4, 0, 10, 5, &state, 3);           symlets of 4 moments, 1024 samples, 5 levels
+ *   arksWtDecompose(&state, src, dst);
+ *   arksWtReconstruct(&state, dst, src);
+ *   arkWtFree(&state);
+ *
+ * Arithmetic is in the element's type, one band's sum of both filters after the other; w computes in float and rounds to
+ * the nearest integer (ties to even), saturated at both ends: the low band of a full-scale signal grows by sqrt(2) a level.
+ *
+ * Reports, module arkwlts, ARK_StatusBadArgument. Checks of one line are all reported.
+ *   Init          "wtState==0"
+ *                 "dataOrder<1", "dataOrder>31", "level<0", "level>(dataOrder-1)"; then the thread's status is tested
+ *                 "error in the type of wavelet" (also for parameters that it does not have)
+ *                 ARK_StatusOutOfMemory "No working wavelet memory"
+ *   SetState      type 10: "wtState==0"
+ *                 those of the second line of Init, then the status
+ *                 "Ftaps eq. NULL", "Flen eq. NULL", "Fofs eq. NULL"
+ *                 "Bad pointers in Ftaps", "Bad filter lengths", "Bad filter offsets"
+ *                 ARK_StatusOutOfMemory "No working wavelet memory"
+ *                 other types: those of Init under its name, then ARK_StatusBacktrace "out arksWtInit" (of its own type)
+ *   GetState      "wtState==0" or "wtState is not initialised"; the status is not tested
+ *   Decompose,    "wtState==0", "src==0", "dst==0"; then the status is tested
+ *   Reconstruct   "wtState is not initialised"
+ *                 "wtState->dataOrder<1", "wtState->dataOrder>31", "wtState->level<0",
+ *                 "wtState->level>(wtState->dataOrder-1)", "error in the type of wavelet" (kind not 1, 2 or 3),
+ *                 "wtState->tap_filt[ 0 ]==0" to "[ 3 ]", "wtState->src_pad==0", "error in the filter lengths",
+ *                 "error in the filter lengths ortho. wavelet" (kind 1: not equal, or odd), "error in the filter offsets"
+ *                 w: ARK_StatusOutOfMemory "No memory for working arrays"
+ *   arkWtFree     "wtState==0"; the status is not tested
+ * Allocates: Init and SetState; Decompose and Reconstruct of 16 bits, N floats, on every call.
+ * --------------------------------------------------------------------------------------------------------------- */
+typedef struct wtState {
+    int   initialised; /* 1 from a successful Init or SetState to arkWtFree */
+    int   wtType;      /* 1 to 9 built-in, 10 the caller's filters */
+    int   kind;        /* 1 orthogonal, 2 biorthogonal, 3 the caller's filters */
+    int   par1;
+    int   par2;
+    int   dataOrder;   /* 1 to 31 */
+    int   level;       /* 0 to dataOrder - 1 */
+    int   Flen[4];     /* of analysis low-pass and high-pass, synthesis low-pass and high-pass */
+    int   Fofs[4];
+    void* tap_filt[4]; /* float, or double for the d members */
+    void* src_pad;     /* working buffer, 2^dataOrder + 2 max(Flen[0], Flen[1]) elements and some more */
+    void* self;        /* the record's own address while it is initialised */
+} wtState;
+
+ARKPX_API void arksWtInit(int par1, int par2, int dataOrder, int level, wtState* state, int wtType);
+ARKPX_API void arkdWtInit(int par1, int par2, int dataOrder, int level, wtState* state, int wtType);
+ARKPX_API void arkwWtInit(int par1, int par2, int dataOrder, int level, wtState* state, int wtType);
+
+ARKPX_API void arksWtSetState(wtState* state, int wtType, int par1, int par2, int dataOrder, int level, const float* Ftaps[4], const int Flen[4], const int Fofs[4]);
+ARKPX_API void arkdWtSetState(wtState* state, int wtType, int par1, int par2, int dataOrder, int level, const double* Ftaps[4], const int Flen[4], const int Fofs[4]);
+ARKPX_API void arkwWtSetState(wtState* state, int wtType, int par1, int par2, int dataOrder, int level, const float* Ftaps[4], const int Flen[4], const int Fofs[4]);
+
+ARKPX_API void arksWtGetState(wtState* state, int* wtType, int* par1, int* par2, int* dataOrder, int* level, float* Ftaps[4], int Flen[4], int Fofs[4]);
+ARKPX_API void arkdWtGetState(wtState* state, int* wtType, int* par1, int* par2, int* dataOrder, int* level, double* Ftaps[4], int Flen[4], int Fofs[4]);
+ARKPX_API void arkwWtGetState(wtState* state, int* wtType, int* par1, int* par2, int* dataOrder, int* level, float* Ftaps[4], int Flen[4], int Fofs[4]);
+
+ARKPX_API void arksWtDecompose(wtState* state, const float* src, float* dst);
+ARKPX_API void arkdWtDecompose(wtState* state, const double* src, double* dst);
+ARKPX_API void arkwWtDecompose(wtState* state, const short* src, short* dst);
+
+ARKPX_API void arksWtReconstruct(wtState* state, const float* src, float* dst);
+ARKPX_API void arkdWtReconstruct(wtState* state, const double* src, double* dst);
+ARKPX_API void arkwWtReconstruct(wtState* state, const short* src, short* dst);
+
+ARKPX_API void arkWtFree(wtState* state);
+
 #ifdef __cplusplus
 }
 #endif
