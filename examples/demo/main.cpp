@@ -26,6 +26,8 @@ void echo(Demo& demo);
 void reverb(Demo& demo);
 void fixed(Demo& demo);
 void heart(Demo& demo);
+void denoised(Demo& demo);
+void cosines(Demo& demo);
 void mistakes(Demo& demo);
 
 namespace {
@@ -51,6 +53,8 @@ constexpr struct {
     {"A room, by convolution", "reverb", reverb},
     {"One filter in 16 bits under each scale mode", "fixed", fixed},
     {"A heartbeat", "heart", heart},
+    {"The heartbeat under noise", "denoised", denoised},
+    {"Speech as few cosines", "cosines", cosines},
     {"Three mistakes, and what is reported", "mistakes", mistakes},
 };
 

@@ -1,4 +1,4 @@
-/* arkpx/transform.h - bit reversal, twiddle tables, complex and real FFT, DFT, Goertzel, DCT. */
+/* arkpx/transform.h - bit reversal, twiddle tables, complex and real FFT, DFT, Goertzel, DCT, wavelets. */
 #ifndef ARKPX_TRANSFORM_H
 #define ARKPX_TRANSFORM_H
 
