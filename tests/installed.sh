@@ -1,5 +1,6 @@
 #!/bin/bash
-# Installs the build, moves the copy elsewhere, and builds and runs other people's programs against it.
+# Installs the build, moves the copy elsewhere, and builds and runs other people's programs against it, in C and C++: found
+# by CMake and by pkg-config. Then the sources as a part of another project.
 #
 #   installed.sh BUILD_FOLDER WORK_FOLDER CC CXX
 set -euo pipefail
@@ -18,6 +19,11 @@ if command -v pkg-config >/dev/null; then
     file=$(find "$work/moved" -name arkpx.pc)
     flags=$(PKG_CONFIG_PATH=$(dirname "$file") pkg-config --cflags --libs arkpx)
     read -ra flags <<<"$flags"
-    "$cc" "$consumers/program.c" "${flags[@]}" -o "$work/by_pkg_config"
-    LD_LIBRARY_PATH=$(dirname "$(find "$work/moved" -name 'libarkpx.so')") "$work/by_pkg_config"
+    for compiler in "$cc -x c" "$cxx -x c++"; do
+        $compiler "$consumers/program.c" -x none "${flags[@]}" -o "$work/by_pkg_config"
+        LD_LIBRARY_PATH=$(dirname "$(find "$work/moved" -name 'libarkpx.so')") "$work/by_pkg_config"
+    done
 fi
+
+CC=$cc CXX=$cxx cmake -S "$consumers/subproject" -B "$work/subproject" -DARKPX_SOURCES="$consumers/../.." >"$work/log"
+cmake --build "$work/subproject" --target uses_arkpx --target uses_static >>"$work/log" || { cat "$work/log"; exit 1; }

@@ -23,6 +23,9 @@ void spectra(Demo& demo);
 void rates(Demo& demo);
 void hum(Demo& demo);
 void echo(Demo& demo);
+void reverb(Demo& demo);
+void fixed(Demo& demo);
+void heart(Demo& demo);
 void mistakes(Demo& demo);
 
 namespace {
@@ -45,6 +48,9 @@ constexpr struct {
     {"48 kHz to 8 kHz and back", "rates", rates},
     {"Hum and drift taken out", "hum", hum},
     {"An echo cancelled", "echo", echo},
+    {"A room, by convolution", "reverb", reverb},
+    {"One filter in 16 bits under each scale mode", "fixed", fixed},
+    {"A heartbeat", "heart", heart},
     {"Three mistakes, and what is reported", "mistakes", mistakes},
 };
 

@@ -18,7 +18,7 @@ struct Curve {
 struct Picture {
     std::string title, xLabel, yLabel;
     std::vector<Curve> curves;
-    std::string settings;
+    std::string settings{};
 };
 
 // A grid of values as colours: rows[i][j] at x = j xStep, y = i yStep.

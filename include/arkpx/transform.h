@@ -1,4 +1,4 @@
-/* arkpx/transform.h - bit reversal, twiddle tables, complex and real FFT. */
+/* arkpx/transform.h - bit reversal, twiddle tables, complex and real FFT, DFT, Goertzel, DCT. */
 #ifndef ARKPX_TRANSFORM_H
 #define ARKPX_TRANSFORM_H
 
@@ -304,6 +304,149 @@ ARKPX_API void arkwMpyRCPack3(const short* srcA, const short* srcB, short* dst, 
 ARKPX_API void arksMpyRCPerm3(const float* srcA, const float* srcB, float* dst, int order);
 ARKPX_API void arkdMpyRCPerm3(const double* srcA, const double* srcB, double* dst, int order);
 ARKPX_API void arkwMpyRCPerm3(const short* srcA, const short* srcB, short* dst, int order, int scaleMode, int* scaleFactor);
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * DFT of any length
+ *
+ *   ARK_Forw   y[m] =         sum over k of x[k] e^(-2 pi i k m / len)          k, m = 0 ... len-1
+ *   ARK_Inv    y[m] = 1/len * sum over k of x[k] e^(+2 pi i k m / len)          with ARK_NoScale: without 1/len
+ *
+ * len elements in each array, any len >= 1, primes too. x and y may overlap in any way: a copy of x is transformed. All
+ * is computed in double precision and rounded to the type at the end. Powers of two take an FFT, other lengths up to 23
+ * the sums, with the roots of the table that arkcGetDftTwdTbl or arkzGetDftTwdTbl hands out; longer ones a convolution by
+ * FFTs of at least 2 len - 1 elements (Bluestein, 1970), whose time grows as len log len. arkvDft computes arkcDft of the
+ * samples as floats; its results are rounded and brought to 16 bits as those of the 16-bit transforms above, a negative
+ * scaleMode counts as 0.
+ *
+ * ARK_Init only builds that table, so that the 32 lengths for which the thread's cache has room can be chosen
+ * beforehand. Other bits of flags than these four are ignored; there is no ARK_Free: arkcFreeTwdTbls (c, v) and
+ * arkzFreeTwdTbls (z, and what all three have for FFTs) release everything.
+ *
+ * arkcDft and arkzDft, in this order: a negative status of the thread, also of an earlier failure: nothing is done. Then
+ * ARK_StatusBadArgument "length<=0" in the name of the function that gets the table, or what else that reports; "len<=0"
+ * and "tw==0" (there is no table), both if both hold. With ARK_Init: done. Then the first of "x==0", "y==0", "ARK_Forw or
+ * ARK_Inv must be as a flag" (exactly one of them). ARK_StatusOutOfMemory "NULL Pointer": no working memory, even
+ * without the tables that the double-precision transforms keep for themselves.
+ * arkvDft: "length<=0"; the status is tested; with ARK_Init the table is built; the first of "inSamps==0", "outSamps==0";
+ * "ARK_FIXED_SCALE and ARK_AUTO_SCALE" (both bits set), "ARK_AUTO_SCALE and scaleFactor==NULL", both if both hold;
+ * ARK_StatusOutOfMemory "NULL Pointer". What fails in arkcDft is reported there and once more as ARK_StatusBacktrace with
+ * "out arkcDft ARK_Init" (flags hold ARK_Init) or "out arkcDft calc. DFT". After any report y and outSamps are untouched.
+ *
+ * Modules arkdft (c, z), arkdftw (v). Allocates: every call, len complex doubles, for a convolution up to 4 len; on the
+ * first use of a length, its tables, which belong to the calling thread and go with it. Threads share nothing.
+ * --------------------------------------------------------------------------------------------------------------- */
+ARKPX_API void arkcDft(const FloatCplx* x, FloatCplx* y, int len, int flags);
+ARKPX_API void arkzDft(const DoubleCplx* x, DoubleCplx* y, int len, int flags);
+ARKPX_API void arkvDft(const ShortCplx* inSamps, ShortCplx* outSamps, int length, int flags, int scaleMode, int* scaleFactor);
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * Goertzel: one frequency of a signal, sample by sample
+ *
+ *   s[n] = 2 cos(2 pi freq) s[n-1] + (x[n] - s[n-2])        s[-1] = s[-2] = 0
+ *   the coefficient after sample n = e^(2 pi i freq) s[n] - s[n-1]
+ *
+ * freq is in cycles per sample, 0 < freq < 0.5. After N samples with freq N a whole number m, the coefficient is element m
+ * of their DFT; else it is sum over k of x[k] e^(2 pi i freq (N - k)), of the magnitude of their spectrum at freq.
+ *
+ *   GoertzInit        fills the record and begins
+ *   GoertzReset       begins anew at the same frequency
+ *   Goertz            feeds one sample and returns the coefficient
+ *   sbGoertz, ...     feed len samples (elements) and return the coefficient after the last
+ *
+ * A block gives what its samples one by one give, to the bit: the sums are computed in double, and s is rounded to the
+ * record's precision at every sample. The members of real signals keep s in the real parts. Those of a precision (s, c, w
+ * and v; d and z) have one record, and their Init and Reset do the same. The record is the caller's, holds no pointers,
+ * may be copied, and needs no end.
+ *
+ * The 16-bit members bring the coefficient, rounded to the nearest integer (ties to even), to 16 bits as
+ * arkpx/types.h says: ARK_WRAP (and a negative scaleMode) keeps the low 16 bits, ARK_SATURATE clamps,
+ * ARK_AUTO_SCALE writes to *scaleFactor; one factor serves both parts.
+ *
+ * Reports, each ARK_StatusBadArgument, the first that fails; the status is not looked at; the record is untouched and the
+ * returned coefficient (0, 0):
+ *   Init             "Null state pointer", "Invalid frequency value" (0.5, what the type takes for 0, not a number)
+ *   Reset, Goertz    "Null state pointer"
+ *   blocks           "Null state pointer", "Null buffer pointer", "Invalid array length" (len < 1)
+ *   16-bit members   "Null state pointer", "Zero scale factor pointer", whatever the mode is; "Too large scale factor"
+ *                    (*scaleFactor outside -14 ... 14); "Erroneus scale mode" (scaleMode > 4); blocks then as above
+ * Modules arkgrtzl, arkgrtzw (w, v). Allocates: never. A record serves one thread at a time.
+ * --------------------------------------------------------------------------------------------------------------- */
+typedef struct ArksGoertzState {
+    float freq; /* cycles per sample */
+    float cosW; /* cos(2 pi freq), sin(2 pi freq), 2 cos(2 pi freq) */
+    float sinW;
+    float coef;
+    FloatCplx s2; /* s[n-1] */
+    FloatCplx s1; /* s[n] */
+} ArksGoertzState;
+typedef struct ArkdGoertzState {
+    double freq;
+    double cosW;
+    double sinW;
+    double coef;
+    DoubleCplx s2;
+    DoubleCplx s1;
+} ArkdGoertzState;
+
+ARKPX_API void arksGoertzInit(float freq, ArksGoertzState* state);
+ARKPX_API void arkdGoertzInit(double freq, ArkdGoertzState* state);
+ARKPX_API void arkcGoertzInit(float freq, ArksGoertzState* state);
+ARKPX_API void arkzGoertzInit(double freq, ArkdGoertzState* state);
+ARKPX_API void arkwGoertzInit(float freq, ArksGoertzState* state);
+ARKPX_API void arkvGoertzInit(float freq, ArksGoertzState* state);
+
+ARKPX_API void arksGoertzReset(ArksGoertzState* state);
+ARKPX_API void arkdGoertzReset(ArkdGoertzState* state);
+ARKPX_API void arkcGoertzReset(ArksGoertzState* state);
+ARKPX_API void arkzGoertzReset(ArkdGoertzState* state);
+ARKPX_API void arkwGoertzReset(ArksGoertzState* state);
+ARKPX_API void arkvGoertzReset(ArksGoertzState* state);
+
+ARKPX_API FloatCplx  arksGoertz(ArksGoertzState* state, float sample);
+ARKPX_API DoubleCplx arkdGoertz(ArkdGoertzState* state, double sample);
+ARKPX_API FloatCplx  arkcGoertz(ArksGoertzState* state, FloatCplx sample);
+ARKPX_API DoubleCplx arkzGoertz(ArkdGoertzState* state, DoubleCplx sample);
+ARKPX_API ShortCplx  arkwGoertz(ArksGoertzState* state, short sample, int scaleMode, int* scaleFactor);
+ARKPX_API ShortCplx  arkvGoertz(ArksGoertzState* state, ShortCplx sample, int scaleMode, int* scaleFactor);
+
+ARKPX_API FloatCplx  arksbGoertz(ArksGoertzState* state, const float* samps, int len);
+ARKPX_API DoubleCplx arkdbGoertz(ArkdGoertzState* state, const double* samps, int len);
+ARKPX_API FloatCplx  arkcbGoertz(ArksGoertzState* state, const FloatCplx* samps, int len);
+ARKPX_API DoubleCplx arkzbGoertz(ArkdGoertzState* state, const DoubleCplx* samps, int len);
+ARKPX_API ShortCplx  arkwbGoertz(ArksGoertzState* state, const short* samps, int len, int scaleMode, int* scaleFactor);
+ARKPX_API ShortCplx  arkvbGoertz(ArksGoertzState* state, const ShortCplx* samps, int len, int scaleMode, int* scaleFactor);
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * DCT, types II and III
+ *
+ *   ARK_Forw   y[0] = sqrt(1/N) sum over n of x[n]
+ *              y[k] = sqrt(2/N) sum over n of x[n] cos(pi (2n+1) k / (2N))                          k = 1 ... N-1
+ *   ARK_Inv    x[n] = sqrt(1/N) y[0] + sqrt(2/N) sum over k = 1 ... N-1 of y[k] cos(pi (2n+1) k / (2N))
+ *
+ * n = 0 ... N-1, N = len >= 1, any. The transform is orthonormal: each direction undoes the other, up to rounding. src and
+ * dst may overlap in any way. All is computed in double precision and rounded to the type at the end. Powers of two take
+ * one real FFT, from 32 on; other lengths up to 23 the sums, longer ones a convolution by complex FFTs (Makhoul, 1980;
+ * Bluestein, 1970).
+ * arkwDct is arksDct of the samples, whose results it rounds to the nearest integer (ties to even) and saturates: a
+ * constant c has the coefficient c sqrt(N).
+ *
+ * A flag word of exactly ARK_Free releases the tables of all three members; nothing else is looked at. Other bits than
+ * ARK_Forw and ARK_Inv are ignored otherwise, ARK_Init too.
+ *
+ * Reports, the first that fails; the status is not looked at; dst is untouched; each text begins and ends with a line
+ * feed: ARK_StatusBadArgument "\nNull pointer to data buffer\n", "\nBad value of data buffer size\n" (len < 1), "\nBad
+ * value of the transform flag\n" (exactly one of ARK_Forw and ARK_Inv); ARK_StatusOutOfMemory "\nMemory allocation
+ * problem\n", when it is short even without the tables that the transforms of the thread keep for themselves.
+ *
+ * Module arkdct. Allocates: never for 1, 2, 4, 8 and 16; else every call, len doubles, for a convolution up to 4 len
+ * complex ones, half of it when len is even; arkwDct always, and len floats besides. On the first use of a length, a table:
+ * those of the 8 lengths used last are kept for the whole process, until ARK_Free. Any number of threads may transform any
+ * lengths at the same time, also while one frees: who uses a table owns it meanwhile, and the others make their own. The
+ * FFTs' tables belong to the calling thread, as those above.
+ * --------------------------------------------------------------------------------------------------------------- */
+ARKPX_API void arksDct(const float* src, float* dst, int len, int flags);
+ARKPX_API void arkdDct(const double* src, double* dst, int len, int flags);
+ARKPX_API void arkwDct(const short* src, short* dst, int len, int flags);
 
 /* ---------------------------------------------------------------------------------------------------------------
  * Wavelet transform

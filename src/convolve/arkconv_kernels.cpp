@@ -22,6 +22,7 @@ struct Direct {
     static constexpr int maxRows = tapParts == 1 ? 4 : 2;
 #endif
     static constexpr int edgeRows = maxRows / 2;
+    static constexpr std::ptrdiff_t tallest = maxRows * elements; // outputs of a tile
 
     static ARK_INLINE void storeRow(R* to, V real, V imaginary)
     {
@@ -103,11 +104,11 @@ struct Direct {
     static void edge(const X* x, std::ptrdiff_t len, const T* h, std::ptrdiff_t n, Y* y, std::ptrdiff_t first,
                      std::ptrdiff_t count)
     {
-        constexpr std::ptrdiff_t maxSize = 3 * longestDirect + 2 * maxRows * elements;
+        constexpr std::ptrdiff_t maxSize = 3 * longestDirect + 2 * tallest;
         X data[maxSize];
         Y out[maxSize];
         const std::ptrdiff_t origin = n - 1 - first; // of x in data
-        const std::ptrdiff_t size = count + n - 1 + maxRows * elements;
+        const std::ptrdiff_t size = count + n - 1 + tallest;
         const std::ptrdiff_t begin = most(0, -origin), end = least(len, size - origin);
         __builtin_memset(data, 0, std::size_t(origin + begin) * sizeof(X));
         __builtin_memcpy(data + origin + begin, x + begin, std::size_t(end - begin) * sizeof(X));
@@ -136,7 +137,7 @@ struct Direct {
     static void run(const X* x, std::ptrdiff_t len, const T* h, std::ptrdiff_t n, Y* y)
     {
         const std::ptrdiff_t complete = len - n + 1;
-        if (complete < maxRows * elements)
+        if (complete < tallest)
             return edge(x, len, h, n, y, 0, len + n - 1);
         tiles<maxRows>(x + n - 1, h, n, y + n - 1, complete);
         if (n > 1) {

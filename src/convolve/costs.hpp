@@ -2,7 +2,7 @@
 //
 // The costs of float and the direct limits of float, double and FloatCplx are fixed: with them, and the formulas of
 // convolve.hpp, the way that such a convolution takes is part of the interface. The others come from
-// tools/measure_convolution.cpp, which prints them in this form; run on Zen 4, 3.7 GHz, AVX-512. Only ratios matter: an
+// tools/measure_convolution.cpp, which prints them in this form; run at 3.7 GHz with AVX-512. Only ratios matter: an
 // error in scale changes no choice.
 #pragma once
 
