@@ -15,7 +15,7 @@ namespace {
 
 using bench::Array, bench::Contender, bench::Contenders, bench::noise;
 
-int orderOf(int n) { return std::bit_width(unsigned(n)) - 1; }
+int orderOf(int n) { return int(std::bit_width(unsigned(n))) - 1; }
 
 const std::vector<int> sizes{1 << 6, 1 << 8, 1 << 10, 1 << 12, 1 << 14, 1 << 16, 1 << 18, 1 << 20, 1 << 22};
 
@@ -101,6 +101,7 @@ const bench::Family wavelets{
         {"float, 8 taps", 8, [](int n) { return decompose<float>(4, n, levels); }, sizes},
         {"float, 40 taps", 8, [](int n) { return decompose<float>(20, n, levels); }, sizes},
         {"float, 8 taps, back", 8, [](int n) { return reconstruct<float>(4, n, levels); }, sizes},
+        {"double, 8 taps, back", 16, [](int n) { return reconstruct<double>(4, n, levels); }, sizes},
         {"float, 8 taps, one level", 8, [](int n) { return decompose<float>(4, n, 1); }, sizes},
         {"double, 8 taps, all levels", 16,
          [](int n) {

@@ -110,9 +110,10 @@ void synthesise(const wtState& state, const T* low, const T* high, T* dst, std::
     const Line<T> lows{static_cast<T*>(state.src_pad), part, hEven, hOdd}, highs{lows.end(), part, gEven, gOdd};
     const WaveletKernels<T>& loops = kernels<WaveletKernels<T>>();
     T even[waveletBlock], odd[waveletBlock];
-    // The samples i ... i + part - 1 and those around them: where they are, or in the working buffer.
+    // The samples i ... i + part - 1 and those around them: where they are, or in the working buffer. The kernel reads
+    // beyond less than a whole block.
     const auto around = [=](const Line<T>& line, const T* band, std::ptrdiff_t i) -> const T* {
-        if (isApart && i >= line.before && i + part + line.after <= n)
+        if (isApart && part == waveletBlock && i >= line.before && i + part + line.after <= n)
             return band + i;
         std::memcpy(line.samples, band + i, std::size_t(part) * sizeof(T));
         line.extend(i, n, [=](std::ptrdiff_t m) { return band[m]; });
