@@ -16,6 +16,7 @@ namespace bench {
 namespace {
 
 constexpr int bandwidthSize = 100000; // elements from which on the bandwidth is shown
+constexpr int longestJudged = 65536;  // elements up to which the error is: references are slow
 
 std::vector<const Family*>& families()
 {
@@ -29,11 +30,19 @@ struct Options {
     std::size_t offset = 0;
 } options;
 
-// The minimum and the scatter of a contender's repetitions, in nanoseconds a call.
-struct Time {
+// The minimum and the scatter of a contender's repetitions, in nanoseconds a call, and how exact it was.
+struct Result {
     double least;
     double spread; // how far the median lies above the minimum
+    std::string error;
 };
+
+std::string textOf(const Error& error)
+{
+    char text[40];
+    std::snprintf(text, sizeof text, "%.1g%s", error.value, error.unit);
+    return text;
+}
 
 // Takes the repetitions from Google Benchmark.
 class Collector : public benchmark::BenchmarkReporter {
@@ -49,13 +58,15 @@ public:
     }
 };
 
-// Every contender's time, in their order.
-std::vector<Time> measure(const Contenders& contenders)
+// Every contender's result, in their order.
+std::vector<Result> measure(const Contenders& contenders, bool judge)
 {
+    std::vector<std::string> errors;
     Collector collector;
     benchmark::ClearRegisteredBenchmarks();
     for (std::size_t i = 0; i < contenders.size(); i++) {
         contenders[i].run(); // what happens once only is not measured
+        errors.push_back(judge && contenders.error ? textOf(contenders.error()) : "");
         benchmark::RegisterBenchmark(std::to_string(i).c_str(), [&, i](benchmark::State& state) {
             const std::function<void()>& run = contenders[i].run;
             for (auto _ : state) {
@@ -66,13 +77,13 @@ std::vector<Time> measure(const Contenders& contenders)
     }
     benchmark::RunSpecifiedBenchmarks(&collector, ".");
 
-    std::vector<Time> times;
+    std::vector<Result> results;
     for (std::size_t i = 0; i < contenders.size(); i++) {
         std::vector<double>& all = collector.repetitions.at(std::to_string(i));
         std::sort(all.begin(), all.end());
-        times.push_back({all.front(), all[all.size() / 2] / all.front() - 1});
+        results.push_back({all.front(), all[all.size() / 2] / all.front() - 1, errors[i]});
     }
-    return times;
+    return results;
 }
 
 std::size_t stagger;         // where in its page the next array begins
@@ -93,18 +104,18 @@ void printRow(const Case& work, int n, const std::vector<std::string>& columns)
 {
     stagger = 0;
     const Contenders contenders = work.prepare(n);
-    const std::vector<Time> times = measure(contenders);
-    std::map<std::string, Time> best;
-    for (std::size_t i = 0; i < times.size(); i++) {
-        const auto [entry, isNew] = best.try_emplace(contenders[i].name, times[i]);
-        if (!isNew && times[i].least < entry->second.least)
-            entry->second = times[i];
+    const std::vector<Result> results = measure(contenders, n <= longestJudged);
+    std::map<std::string, Result> best;
+    for (std::size_t i = 0; i < results.size(); i++) {
+        const auto [entry, isNew] = best.try_emplace(contenders[i].name, results[i]);
+        if (!isNew && results[i].least < entry->second.least)
+            entry->second = results[i];
     }
-    const Time ours = best.at(own);
-    Time peers{0, 0};
-    for (const auto& [name, time] : best)
-        if (name != own && (peers.least == 0 || time.least < peers.least))
-            peers = time;
+    const Result ours = best.at(own);
+    Result peers{};
+    for (const auto& [name, result] : best)
+        if (name != own && (peers.least == 0 || result.least < peers.least))
+            peers = result;
     const double spread = std::max(ours.spread, peers.spread);
     spreads.push_back(spread);
 
@@ -124,7 +135,7 @@ void printRow(const Case& work, int n, const std::vector<std::string>& columns)
         std::printf(" %5.1f |", work.bytes * n / ours.least);
     else
         std::printf(" %5s |", "");
-    std::printf(" %5.1f%% |\n", 100 * spread);
+    std::printf(" %9s | %9s | %5.1f%% |\n", ours.error.c_str(), peers.error.c_str(), 100 * spread);
     std::fflush(stdout);
 }
 
@@ -139,10 +150,13 @@ void printTable(const Family& family)
         head.append(8 - std::min<std::size_t>(7, column.size()), ' ').append(column).append(" |");
         rule += "--------:|";
     }
-    std::printf("\n## %s\n\nNanoseconds an element; ratio: %s to the fastest peer.\n\n", family.name, own);
+    std::printf("\n## %s\n\nNanoseconds an element; ratio: %s to the fastest peer; error: of %s and of that peer.\n\n",
+                family.name, own, own);
     const char* const rate = family.cases.front().operations ? "Gop/s" : "GB/s";
-    std::printf("| %-36s | %7s |%s %5s | %5s | %6s |\n", "", "n", head.c_str(), "ratio", rate, "spread");
-    std::printf("|%s|--------:|%s------:|------:|-------:|\n", std::string(38, '-').c_str(), rule.c_str());
+    std::printf("| %-36s | %7s |%s %5s | %5s | %9s | %9s | %6s |\n", "", "n", head.c_str(), "ratio", rate, "error",
+                "its error", "spread");
+    std::printf("|%s|--------:|%s------:|------:|----------:|----------:|-------:|\n", std::string(38, '-').c_str(),
+                rule.c_str());
     for (const Case& work : family.cases)
         if (chosen(work))
             for (const int n : work.sizes)

@@ -31,7 +31,25 @@ struct Contender {
     const char* name;
     std::function<void()> run;
 };
-using Contenders = std::vector<Contender>;
+
+// How far results are off, and in what unit.
+struct Error {
+    double value;
+    const char* unit;
+};
+
+struct Contenders : std::vector<Contender> {
+    using std::vector<Contender>::vector;
+
+    // Says how far off is what the contender that ran last left behind; see accuracy.hpp.
+    std::function<Error()> error;
+
+    Contenders&& judgedBy(std::function<Error()> judge) &&
+    {
+        error = std::move(judge);
+        return std::move(*this);
+    }
+};
 
 struct Case {
     const char* name;

@@ -1,4 +1,5 @@
 // Convolution of a long operand with a short one: the operand's length is n, the filter's the case's.
+#include "accuracy.hpp"
 #include "driver.hpp"
 #include "peers/fftw.hpp"
 
@@ -99,7 +100,13 @@ Contenders real(void (*ours)(const R*, int, const R*, int, R*), int len, int n)
         contenders.push_back({"FFTW", [=] { convolution->run(x, len, h, y); }});
     }
 #endif
-    return contenders;
+    return std::move(contenders).judgedBy(bench::relativeError(y.data(), len + n - 1, [=] {
+        std::vector<long double> sums(std::size_t(len + n - 1));
+        for (int i = 0; i < n; i++)
+            for (int k = 0; k < len; k++)
+                sums[std::size_t(i + k)] += static_cast<long double>(h[i]) * x[k];
+        return sums;
+    }));
 }
 
 Case floats(const char* name, int n, std::vector<int> lengths)

@@ -12,6 +12,20 @@
 
 namespace bench {
 
+// What an array holds: making a plan overwrites it.
+template <class R>
+class Kept {
+public:
+    Kept(R* where, int count) : where_{where}, values_(where, where + count) {}
+    Kept(const Kept&) = delete;
+    Kept& operator=(const Kept&) = delete;
+    ~Kept() { std::copy(values_.begin(), values_.end(), where_); }
+
+private:
+    R* where_;
+    std::vector<R> values_;
+};
+
 // A function that runs the plan; the plan goes with it.
 template <class Plan, class Destroy, class Execute>
 std::function<void()> running(Plan plan, Destroy destroy, Execute execute)
@@ -22,33 +36,39 @@ std::function<void()> running(Plan plan, Destroy destroy, Execute execute)
 
 inline std::function<void()> fftwCplx(float* in, float* out, int n, int sign)
 {
+    const Kept kept(in, 2 * n);
     return running(fftwf_plan_dft_1d(n, reinterpret_cast<fftwf_complex*>(in), reinterpret_cast<fftwf_complex*>(out),
                                      sign, FFTW_MEASURE),
                    fftwf_destroy_plan, fftwf_execute);
 }
 inline std::function<void()> fftwCplx(double* in, double* out, int n, int sign)
 {
+    const Kept kept(in, 2 * n);
     return running(fftw_plan_dft_1d(n, reinterpret_cast<fftw_complex*>(in), reinterpret_cast<fftw_complex*>(out), sign,
                                     FFTW_MEASURE),
                    fftw_destroy_plan, fftw_execute);
 }
 inline std::function<void()> fftwReal(float* in, float* out, int n)
 {
+    const Kept kept(in, n);
     return running(fftwf_plan_dft_r2c_1d(n, in, reinterpret_cast<fftwf_complex*>(out), FFTW_MEASURE),
                    fftwf_destroy_plan, fftwf_execute);
 }
 inline std::function<void()> fftwReal(double* in, double* out, int n)
 {
+    const Kept kept(in, n);
     return running(fftw_plan_dft_r2c_1d(n, in, reinterpret_cast<fftw_complex*>(out), FFTW_MEASURE), fftw_destroy_plan,
                    fftw_execute);
 }
 inline std::function<void()> fftwInverseReal(float* in, float* out, int n)
 {
+    const Kept kept(in, n + 2);
     return running(fftwf_plan_dft_c2r_1d(n, reinterpret_cast<fftwf_complex*>(in), out, FFTW_MEASURE),
                    fftwf_destroy_plan, fftwf_execute);
 }
 inline std::function<void()> fftwInverseReal(double* in, double* out, int n)
 {
+    const Kept kept(in, n + 2);
     return running(fftw_plan_dft_c2r_1d(n, reinterpret_cast<fftw_complex*>(in), out, FFTW_MEASURE), fftw_destroy_plan,
                    fftw_execute);
 }

@@ -1,12 +1,16 @@
 // Complex and real FFT. In place, what is transformed is overwritten again and again; unscaled spectra would overflow,
 // so the arrays hold zeros there, which no transform is quicker with.
+#include "accuracy.hpp"
 #include "driver.hpp"
 #include "peers/fftw.hpp"
 #include "peers/kissfft.hpp"
 
+#include "reference/spectrum.hpp"
+
 #include <arkpx.h>
 
 #include <bit>
+#include <numbers>
 
 namespace {
 
@@ -32,6 +36,40 @@ DoubleCplx* cplx(double* parts) { return reinterpret_cast<DoubleCplx*>(parts); }
 
 double zero() { return 0; }
 
+// The parts of the spectrum of size n.
+std::vector<long double> spectrumOf(const std::vector<reference::Complex>& signal)
+{
+    const std::size_t n = signal.size();
+    std::vector<reference::Complex> roots, spectrum(n);
+    for (std::size_t i = 0; i < n; i++)
+        roots.push_back(std::polar(1.0L, -2 * std::numbers::pi_v<long double> * static_cast<long double>(i) /
+                                             static_cast<long double>(n)));
+    reference::transform(signal.data(), spectrum.data(), n, 1, roots);
+    std::vector<long double> parts;
+    for (const reference::Complex value : spectrum) {
+        parts.push_back(value.real());
+        parts.push_back(value.imag());
+    }
+    return parts;
+}
+
+// The errors of the spectrum of n complex or real numbers.
+template <class R>
+std::function<bench::Error()> cplxError(const Array<R>& in, const Array<R>& out, int n)
+{
+    return bench::relativeError(out.data(), 2 * n, [=] {
+        std::vector<reference::Complex> signal;
+        for (int i = 0; i < n; i++)
+            signal.emplace_back(in[2 * i], in[2 * i + 1]);
+        return spectrumOf(signal);
+    });
+}
+template <class R>
+std::function<bench::Error()> realError(const Array<R>& in, const Array<R>& out, int n)
+{
+    return bench::relativeError(out.data(), n + 2, [=] { return spectrumOf({in.data(), in.data() + n}); });
+}
+
 const bench::Family cplxFft{
     "Complex FFT",
     {
@@ -39,7 +77,8 @@ const bench::Family cplxFft{
          [](int n) {
              const Array<float> in(2 * n, noise), out(2 * n);
              return Contenders{{"arkpx", [=] { arkcFftNip(cplx(in), cplx(out), orderOf(n), ARK_Forw); }},
-                               FFTW(bench::fftwCplx(in, out, n, FFTW_FORWARD)) KISSFFT(bench::kissfftCplx(in, out, n))};
+                               FFTW(bench::fftwCplx(in, out, n, FFTW_FORWARD)) KISSFFT(bench::kissfftCplx(in, out, n))}
+                 .judgedBy(cplxError(in, out, n));
          },
          orders(1, 22), cplxOperations},
         {"float, in place", 16,
@@ -67,7 +106,8 @@ const bench::Family cplxFft{
          [](int n) {
              const Array<double> in(2 * n, noise), out(2 * n);
              return Contenders{{"arkpx", [=] { arkzFftNip(cplx(in), cplx(out), orderOf(n), ARK_Forw); }},
-                               FFTW(bench::fftwCplx(in, out, n, FFTW_FORWARD))};
+                               FFTW(bench::fftwCplx(in, out, n, FFTW_FORWARD))}
+                 .judgedBy(cplxError(in, out, n));
          },
          orders(1, 22), cplxOperations},
         {"double, in place", 32,
@@ -97,7 +137,8 @@ const bench::Family realFft{
          [](int n) {
              const Array<float> in(n, noise), out(n + 2);
              return Contenders{{"arkpx", [=] { arksRealFftNip(in, cplx(out), orderOf(n), ARK_Forw); }},
-                               FFTW(bench::fftwReal(in, out, n)) KISSFFT(bench::kissfftReal(in, out, n))};
+                               FFTW(bench::fftwReal(in, out, n)) KISSFFT(bench::kissfftReal(in, out, n))}
+                 .judgedBy(realError(in, out, n));
          },
          orders(2, 20), realOperations},
         {"float into RCPack, in place", 8,
@@ -118,7 +159,8 @@ const bench::Family realFft{
          [](int n) {
              const Array<double> in(n, noise), out(n + 2);
              return Contenders{{"arkpx", [=] { arkdRealFftNip(in, cplx(out), orderOf(n), ARK_Forw); }},
-                               FFTW(bench::fftwReal(in, out, n))};
+                               FFTW(bench::fftwReal(in, out, n))}
+                 .judgedBy(realError(in, out, n));
          },
          orders(2, 20), realOperations},
     }};

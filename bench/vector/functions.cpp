@@ -1,4 +1,5 @@
 // Element-wise functions, logarithm and exponential.
+#include "accuracy.hpp"
 #include "driver.hpp"
 #include "peers/eigen.hpp"
 #include "peers/plain.hpp"
@@ -8,6 +9,7 @@
 
 #include <cmath>
 #include <complex>
+#include <numbers>
 
 namespace {
 
@@ -48,7 +50,8 @@ const bench::Family functions{
                  {"loop", [=] { plain::each(work, n, dst, src); }},
                  {"loop", [=] { plain::eachApart(work, n, dst, src); }},
                  EIGEN(eigen(dst, n) = eigen(src, n).sqrt())
-                 VOLK(volk_32f_sqrt_32f(dst, src, unsigned(n)))};
+                 VOLK(volk_32f_sqrt_32f(dst, src, unsigned(n)))}
+                 .judgedBy(bench::worstUlps(dst, n, [=](int i) { return std::sqrt(static_cast<long double>(src[i])); }));
          }},
         {"float exp", 8,
          [](int n) {
@@ -58,7 +61,8 @@ const bench::Family functions{
                  {"arkpx", [=] { arksbExp2(src, dst, n); }},
                  {"loop", [=] { plain::each(work, n, dst, src); }},
                  EIGEN(eigen(dst, n) = eigen(src, n).exp())
-                 VOLK(volk_32f_exp_32f(dst, src, unsigned(n)))};
+                 VOLK(volk_32f_exp_32f(dst, src, unsigned(n)))}
+                 .judgedBy(bench::worstUlps(dst, n, [=](int i) { return std::exp(static_cast<long double>(src[i])); }));
          }},
         {"float ln", 8,
          [](int n) {
@@ -68,7 +72,8 @@ const bench::Family functions{
                  {"arkpx", [=] { arksbLn2(src, dst, n); }},
                  {"loop", [=] { plain::each(work, n, dst, src); }},
                  EIGEN(eigen(dst, n) = eigen(src, n).log())
-                 VOLK(volk_32f_log2_32f(dst, src, unsigned(n)))};
+                 VOLK(volk_32f_log2_32f(dst, src, unsigned(n)); volk_32f_s32f_multiply_32f(dst, dst, std::numbers::ln2_v<float>, unsigned(n)))}
+                 .judgedBy(bench::worstUlps(dst, n, [=](int i) { return std::log(static_cast<long double>(src[i])); }));
          }},
         {"double exp", 16,
          [](int n) {
@@ -77,7 +82,8 @@ const bench::Family functions{
              return Contenders{
                  {"arkpx", [=] { arkdbExp2(src, dst, n); }},
                  {"loop", [=] { plain::each(work, n, dst, src); }},
-                 EIGEN(eigen(dst, n) = eigen(src, n).exp())};
+                 EIGEN(eigen(dst, n) = eigen(src, n).exp())}
+                 .judgedBy(bench::worstUlps(dst, n, [=](int i) { return std::exp(static_cast<long double>(src[i])); }));
          }},
         {"double ln", 16,
          [](int n) {
@@ -86,7 +92,8 @@ const bench::Family functions{
              return Contenders{
                  {"arkpx", [=] { arkdbLn2(src, dst, n); }},
                  {"loop", [=] { plain::each(work, n, dst, src); }},
-                 EIGEN(eigen(dst, n) = eigen(src, n).log())};
+                 EIGEN(eigen(dst, n) = eigen(src, n).log())}
+                 .judgedBy(bench::worstUlps(dst, n, [=](int i) { return std::log(static_cast<long double>(src[i])); }));
          }},
         {"complex sqrt", 16,
          [](int n) {

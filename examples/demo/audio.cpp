@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <numbers>
 #include <random>
@@ -65,6 +67,50 @@ Recording madeVoice(const std::string& name, int rate, double seconds, int peak,
     made.samples.reserve(count);
     for (const double x : sound)
         made.samples.push_back(short(std::lround(scale * x)));
+    return made;
+}
+
+std::optional<Recording> readNumpy(const std::filesystem::path& file, const std::string& credit, int rate, int offset)
+{
+    // "\x93NUMPY", a version of two bytes, the length of a header in two more, the header, which names the type.
+    std::ifstream in(file, std::ios::binary);
+    const std::string all{std::istreambuf_iterator<char>(in), {}};
+    const auto byte = [&](std::size_t i) { return int((unsigned char)all[i]); };
+    if (all.size() < 10 || all.compare(0, 7,
+                                       "\x93"
+                                       "NUMPY\x01",
+                                       7) != 0)
+        return {};
+    const std::size_t begin = std::size_t(10 + byte(8) + 256 * byte(9));
+    if (begin > all.size() || all.substr(0, begin).find("'<u2'") == std::string::npos)
+        return {};
+    Recording recording{file.filename().string(), credit, rate, {}, false};
+    for (std::size_t i = begin; i + 1 < all.size(); i += 2)
+        recording.samples.push_back(short(byte(i) + 256 * byte(i + 1) - offset));
+    return recording;
+}
+
+Recording madeHeart(const std::string& name, int rate, double seconds)
+{
+    std::mt19937 random(5);
+    const auto uniform = [&] { return double(random()) / 4294967296.0; };
+    std::vector<double> voltage(std::size_t(seconds * rate));
+    for (std::size_t i = 0; i < voltage.size(); i++)
+        voltage[i] = 0.3 * std::sin(2 * std::numbers::pi * 0.1 * double(i) / rate) + 0.02 * (uniform() - 0.5);
+    // The waves of a beat: height in mV, place and width in seconds.
+    constexpr struct {
+        double height, place, width;
+    } waves[] = {{0.15, -0.18, 0.025}, {-0.1, -0.03, 0.008}, {1.2, 0, 0.010}, {-0.25, 0.03, 0.010}, {0.3, 0.25, 0.05}};
+    for (double beat = 0.5; beat < seconds; beat += 0.8 + 0.04 * (uniform() - 0.5))
+        for (const auto& wave : waves)
+            for (double t = -4 * wave.width; t < 4 * wave.width; t += 1.0 / rate) {
+                const double at = std::round((beat + wave.place + t) * rate);
+                if (at >= 0 && at < double(voltage.size()))
+                    voltage[std::size_t(at)] += wave.height * std::exp(-0.5 * t * t / (wave.width * wave.width));
+            }
+    Recording made{name, "made by this program", rate, {}, true};
+    for (const double v : voltage)
+        made.samples.push_back(short(std::lround(200 * v)));
     return made;
 }
 

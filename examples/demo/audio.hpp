@@ -24,6 +24,12 @@ std::optional<Recording> readAudio(const std::filesystem::path& file, const std:
 // What stands in for a recording: a voice-like sound with a given largest magnitude, another for each seed.
 Recording madeVoice(const std::string& name, int rate, double seconds, int peak, unsigned seed);
 
+// A file of 16-bit unsigned integers as NumPy stores an array, shifted by offset.
+std::optional<Recording> readNumpy(const std::filesystem::path& file, const std::string& credit, int rate, int offset);
+
+// What stands in for an electrocardiogram: beats on a slow drift, 200 units a millivolt.
+Recording madeHeart(const std::string& name, int rate, double seconds);
+
 // Writes interleaved channels as a 16-bit WAV file, which carries the credit. False when it cannot be written.
 bool writeWav(const std::filesystem::path& file, std::span<const short> samples, int channels, int rate,
               const std::string& credit);

@@ -11,6 +11,7 @@ namespace {
 
 constexpr const char* speechPackage = "asterisk-core-sounds-en-wav";
 constexpr const char* stereoPackage = "alsa-utils";
+constexpr const char* heartPackage = "python3-scipy";
 
 // The package's file of that name, wherever the package keeps it; else a made sound.
 Recording fetched(const std::filesystem::path& data, const std::string& package, const std::string& name,
@@ -92,6 +93,14 @@ Demo::Demo(std::filesystem::path folder, const std::filesystem::path& data, cons
     left.samples.resize(both);
     right.samples.resize(both);
 
+    constexpr int heartRate = 360, heartZero = 1024; // of the database's recordings
+    auto recorded =
+        readNumpy(data / heartPackage / "ecg.npy",
+                  "MIT-BIH Arrhythmia Database, record 208 (Moody, Mark, IEEE Eng. in Med. and Biol. 20(3), 2001), "
+                  "ODC-By 1.0, from the Debian package python3-scipy",
+                  heartRate, heartZero);
+    heart = recorded ? *recorded : madeHeart("stand-in for an electrocardiogram", heartRate, 120);
+
     if (!own.empty()) {
         std::string problem;
         auto recording = readAudio(own, "your own recording", problem);
@@ -166,7 +175,7 @@ bool Demo::finish() const
     const std::string summary = text((long long)figures) + " figures, " + text((long long)(figures - missed)) +
                                 " as expected, " + text((long long)missed) + " missed.";
     std::vector<std::string> credits;
-    for (const Recording* r : {&speech, &background, &left, &right})
+    for (const Recording* r : {&speech, &background, &left, &right, &heart})
         credits.push_back(r->name + ": " + r->credit);
     page.write(summary, credits);
     std::printf("\n%s See and hear the results: %s\n", summary.c_str(), (results / "index.html").c_str());

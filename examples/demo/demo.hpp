@@ -33,6 +33,7 @@ public:
     Recording speech;      // what most steps work on: the user's own recording where there is one
     Recording background;  // a second sound at the same rate
     Recording left, right; // at 48 kHz, equally long
+    Recording heart;       // an electrocardiogram, 200 units a millivolt
 
     // Begins a step: step_NAME.cpp.
     void begin(const std::string& title, const std::string& name) { page.section(title, name); }

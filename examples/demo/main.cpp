@@ -23,6 +23,11 @@ void spectra(Demo& demo);
 void rates(Demo& demo);
 void hum(Demo& demo);
 void echo(Demo& demo);
+void reverb(Demo& demo);
+void fixed(Demo& demo);
+void heart(Demo& demo);
+void denoised(Demo& demo);
+void cosines(Demo& demo);
 void mistakes(Demo& demo);
 
 namespace {
@@ -45,6 +50,11 @@ constexpr struct {
     {"48 kHz to 8 kHz and back", "rates", rates},
     {"Hum and drift taken out", "hum", hum},
     {"An echo cancelled", "echo", echo},
+    {"A room, by convolution", "reverb", reverb},
+    {"One filter in 16 bits under each scale mode", "fixed", fixed},
+    {"A heartbeat", "heart", heart},
+    {"The heartbeat under noise", "denoised", denoised},
+    {"Speech as few cosines", "cosines", cosines},
     {"Three mistakes, and what is reported", "mistakes", mistakes},
 };
 

@@ -3,6 +3,7 @@
 // Two ways to fill a register. Consecutive outputs of consecutive inputs (step 1) are computed side by side: lanes are
 // outputs, taps are broadcast, and one register of data serves several taps, namely those a register's length apart.
 // All others (few outputs, or steps over the data) are inner products: lanes are taps, several outputs share the taps.
+#include "filter/lane_sums.hpp"
 #include "frame/kernels.hpp"
 #include "frame/simd.hpp"
 
@@ -30,12 +31,6 @@ ARK_INLINE void unrolled(const Body& body)
 
 constexpr int low2(int lane, int) { return lane / 2; }
 constexpr int high2(int lane, int lanes) { return lanes / 2 + lane / 2; }
-template <int distance>
-constexpr int rotated(int lane, int lanes)
-{
-    return (lane + distance) % lanes;
-}
-
 // ---- outputs side by side ----
 
 template <class X, class T>
@@ -193,20 +188,6 @@ struct Inner {
         unrolled<sumCount>([&](auto i) ARK_UNROLLED {
             sums.part[decltype(i)::value] += taps.part[decltype(i)::value] * data[decltype(i)::value % dataCount];
         });
-    }
-
-    static ARK_INLINE D sumOfPairs(D v)
-    {
-        if constexpr (width >= 8)
-            v += permute<rotated<width / 2>>(v);
-        if constexpr (width >= 4)
-            v += permute<rotated<2>>(v);
-        return v;
-    }
-    static ARK_INLINE double sumOf(D v)
-    {
-        v = sumOfPairs(v);
-        return v[0] + v[1];
     }
 
     struct Sum {

@@ -1,4 +1,5 @@
 // The update of adaptive filters. Compiled with -ffp-contract=fast.
+#include "filter/lane_sums.hpp"
 #include "frame/kernels.hpp"
 #include "frame/simd.hpp"
 
@@ -16,6 +17,12 @@ template <class R>
 ARK_INLINE void update(R* taps, D keep, D added)
 {
     storeDoubles(taps, loadDoubles(taps) * keep + added);
+}
+template <class R>
+ARK_INLINE D updated(R* taps, D keep, D added)
+{
+    update(taps, keep, added);
+    return loadDoubles(taps);
 }
 
 template <class X, class T>
@@ -57,8 +64,31 @@ void adapt(T* taps, const X* x, std::ptrdiff_t n, double keep, double gainRe, do
     }
 }
 
+template <class R>
+double adaptAndDot(R* taps, const R* x, const R* fresh, std::ptrdiff_t n, double keep, double gain)
+{
+    constexpr int chains = 4; // a sum alone would wait for itself
+    const D kept = broadcast(keep), gains = broadcast(gain);
+    D sums[chains] = {};
+    std::ptrdiff_t i = 0;
+    for (; i + chains * width <= n; i += chains * width)
+        for (int c = 0; c < chains; c++)
+            sums[c] += updated(taps + i + c * width, kept, gains * loadDoubles(x + i + c * width)) *
+                       loadDoubles(fresh + i + c * width);
+    for (; i + width <= n; i += width)
+        sums[0] += updated(taps + i, kept, gains * loadDoubles(x + i)) * loadDoubles(fresh + i);
+    double sum = sumOf((sums[0] + sums[1]) + (sums[2] + sums[3]));
+    for (; i < n; i++) {
+        taps[i] = R(double(taps[i]) * keep + gain * double(x[i]));
+        sum += double(taps[i]) * double(fresh[i]);
+    }
+    return sum;
+}
+
 template <class X, class T>
-constexpr LmsKernels<X, T> lmsTable{adapt<X, T>};
+constexpr LmsKernels<X, T> lmsTable{adapt<X, T>, nullptr};
+template <class R>
+constexpr LmsKernels<R, R> realTable{adapt<R, R>, adaptAndDot<R>};
 
 } // namespace
 
@@ -69,8 +99,8 @@ extern const LmsKernels<DoubleCplx, DoubleCplx> lmsZ;
 extern const LmsKernels<float, FloatCplx> lmsSC;
 extern const LmsKernels<double, DoubleCplx> lmsDZ;
 
-constinit const LmsKernels<float, float> lmsS = lmsTable<float, float>;
-constinit const LmsKernels<double, double> lmsD = lmsTable<double, double>;
+constinit const LmsKernels<float, float> lmsS = realTable<float>;
+constinit const LmsKernels<double, double> lmsD = realTable<double>;
 constinit const LmsKernels<FloatCplx, FloatCplx> lmsC = lmsTable<FloatCplx, FloatCplx>;
 constinit const LmsKernels<DoubleCplx, DoubleCplx> lmsZ = lmsTable<DoubleCplx, DoubleCplx>;
 constinit const LmsKernels<float, FloatCplx> lmsSC = lmsTable<float, FloatCplx>;

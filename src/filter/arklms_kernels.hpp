@@ -11,6 +11,10 @@ namespace ark {
 template <class X, class T>
 struct LmsKernels {
     void (*adapt)(T* taps, const X* x, std::ptrdiff_t n, double keep, double gainRe, double gainIm);
+
+    // The same, and the inner product of the new taps with fresh, in one pass: a step waits for the one before it. Null
+    // when the taps are complex.
+    double (*adaptAndDot)(T* taps, const X* x, const X* fresh, std::ptrdiff_t n, double keep, double gain);
 };
 
 } // namespace ark

@@ -193,14 +193,21 @@ Z difference(Z a, Z b)
     return {a.re - b.re, a.im - b.im};
 }
 
-// Unlike the steps with an error from outside, this adapts whatever the step is. enterSample() has the sample enter the
-// delay line and returns where it begins then.
-template <class X, class T, class EnterSample>
-FirOutput<X, T> desiredStep(LmsState& state, History<X> before, const EnterSample& enterSample, FirOutput<X, T> desired)
+// One step, when the new sample has entered: it is history[0]. The update is that of the samples before it. Unlike the
+// steps with an error from outside, this adapts whatever the step is.
+template <class X, class T>
+FirOutput<X, T> desiredStep(LmsState& state, X* history, FirOutput<X, T> desired)
 {
     auto& err = state.errVal.*errValOf<FirOutput<X, T>>;
-    adapt<X, T>(state, before, 0, err);
-    const FirOutput<X, T> output = innerProduct(static_cast<const T*>(state.taps), enterSample(), state.tapsLen);
+    FirOutput<X, T> output;
+    if constexpr (isComplex<T>) {
+        adapt<X, T>(state, {history + 1, state.dlylLen}, 0, err);
+        output = innerProduct(static_cast<const T*>(state.taps), static_cast<const X*>(history), state.tapsLen);
+    } else {
+        output = T(kernels<LmsKernels<X, T>>().adaptAndDot(static_cast<T*>(state.taps), history + 1 + state.errDelay,
+                                                           history, state.tapsLen, 1.0 - double(state.leak),
+                                                           double(state.step) * double(err)));
+    }
     err = difference(desired, output);
     return output;
 }
@@ -213,11 +220,8 @@ void desiredSteps(LmsState& state, const X* src, const FirOutput<X, T>* desired,
     constexpr std::ptrdiff_t windowLen = 16384 / sizeof(X), fewSamples = 4;
     if (n < fewSamples || history.len > windowLen / 2) {
         for (std::ptrdiff_t i = 0; i < n; i++) {
-            const auto enterSample = [&] {
-                enter(history.dlyl, history.len, src + i, 1);
-                return history.dlyl;
-            };
-            dst[i] = desiredStep<X, T>(state, history, enterSample, desired[i]);
+            enter(history.dlyl, history.len, src + i, 1);
+            dst[i] = desiredStep<X, T>(state, history.dlyl, desired[i]);
         }
         return;
     }
@@ -228,11 +232,8 @@ void desiredSteps(LmsState& state, const X* src, const FirOutput<X, T>* desired,
         count = std::min(windowLen - history.len, n - done);
         std::reverse_copy(src + done, src + done + count, window);
         std::memcpy(window + count, history.dlyl, bytes);
-        for (std::ptrdiff_t i = 0; i < count; i++) {
-            X* const after = window + (count - 1 - i);
-            dst[done + i] = desiredStep<X, T>(
-                state, {after + 1, history.len}, [=] { return after; }, desired[done + i]);
-        }
+        for (std::ptrdiff_t i = 0; i < count; i++)
+            dst[done + i] = desiredStep<X, T>(state, window + (count - 1 - i), desired[done + i]);
         std::memcpy(history.dlyl, window, bytes);
     }
 }

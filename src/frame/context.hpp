@@ -27,14 +27,18 @@ struct TwiddleTables {
     struct {
         int length;
         Slot table;
+        Slot chirp; // private; where the transform is done by a convolution
     } dft[dftTwdCapacity];
     int dftCount;
 
     void release()
     {
         clear(fft);
-        while (dftCount > 0)
-            dft[--dftCount].table.clear();
+        while (dftCount > 0) {
+            dftCount--;
+            dft[dftCount].table.clear();
+            dft[dftCount].chirp.clear();
+        }
     }
 };
 

@@ -62,6 +62,8 @@ extern const FftKernels<float> fftC;
 extern const FftKernels<double> fftZ;
 extern const RealKernels<float> realS;
 extern const RealKernels<double> realD;
+extern const WaveletKernels<float> waveletS;
+extern const WaveletKernels<double> waveletD;
 
 // In the order of the bases of Kernels.
 // clang-format off
@@ -75,6 +77,7 @@ constinit const Kernels kernels{
     {lmsS}, {lmsD}, {lmsC}, {lmsZ}, {lmsSC}, {lmsDZ},
     {fftC}, {fftZ},
     {realS}, {realD},
+    {waveletS}, {waveletD},
     {toneS}, {toneD}, {toneC}, {toneZ},
     {gaussS}, {gaussD},
     {windowS}, {windowD}, {windowC}, {windowZ}, {windowW}, {windowV},

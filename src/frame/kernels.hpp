@@ -21,6 +21,7 @@
 #include "generate/arkwin_kernels.hpp"
 #include "transform/fft_kernels.hpp"
 #include "transform/real_kernels.hpp"
+#include "transform/wavelet_kernels.hpp"
 #include "vector/arkarith_kernels.hpp"
 #include "vector/arkaritw_kernels.hpp"
 #include "vector/arkcvrt_kernels.hpp"
@@ -74,6 +75,8 @@ struct Kernels : KernelSlot<FillKernels>,
                  KernelSlot<FftKernels<double>>,
                  KernelSlot<RealKernels<float>>,
                  KernelSlot<RealKernels<double>>,
+                 KernelSlot<WaveletKernels<float>>,
+                 KernelSlot<WaveletKernels<double>>,
                  KernelSlot<ToneKernels<float>>,
                  KernelSlot<ToneKernels<double>>,
                  KernelSlot<ToneKernels<FloatCplx>>,

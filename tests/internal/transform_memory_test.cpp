@@ -55,6 +55,11 @@ private:
 };
 
 constexpr int order = 9;
+template <class T>
+T* as(double* x)
+{
+    return reinterpret_cast<T*>(x);
+}
 struct Case {
     const char* name;
     void (*call)(double* x, double* y);
@@ -133,6 +138,96 @@ TEST_F(ShortMemory, IsRetriedOnceAndThenReported)
                 EXPECT_EQ(recorded, 0) << "works again";
             }
     }
+}
+
+// The public table is there; what else the DFT and the DCT ask for is refused likewise, and found when they ask again.
+struct OfAnyLength {
+    const char* name;
+    void (*call)(double* x);
+    Messages reports;
+};
+const Messages noDctMemory{"arksDct: \nMemory allocation problem\n"};
+const OfAnyLength anyLengths[] = {
+    {"power of two",
+     [](double* x) { arkcDft(as<FloatCplx>(x), as<FloatCplx>(x), 64, ARK_Forw); },
+     {"arkcDft: NULL Pointer"}},
+    {"summed", [](double* x) { arkcDft(as<FloatCplx>(x), as<FloatCplx>(x), 20, ARK_Forw); }, {"arkcDft: NULL Pointer"}},
+    {"by the chirp",
+     [](double* x) { arkcDft(as<FloatCplx>(x), as<FloatCplx>(x), 100, ARK_Forw); },
+     {"arkcDft: NULL Pointer"}},
+    {"DCT, power of two", [](double* x) { arksDct(as<float>(x), as<float>(x), 64, ARK_Forw); }, noDctMemory},
+    {"DCT, summed", [](double* x) { arksDct(as<float>(x), as<float>(x), 20, ARK_Inv); }, noDctMemory},
+    {"DCT, odd", [](double* x) { arkdDct(x, x, 101, ARK_Forw); }, {"arkdDct: \nMemory allocation problem\n"}},
+    {"DCT by the chirp", [](double* x) { arksDct(as<float>(x), as<float>(x), 100, ARK_Inv); }, noDctMemory},
+    {"16-bit DCT",
+     [](double* x) { arkwDct(as<short>(x), as<short>(x), 100, ARK_Forw); },
+     {"arkwDct: \nMemory allocation problem\n"}},
+};
+
+TEST_F(ShortMemory, OfTransformsOfAnyLength)
+{
+    for (const OfAnyLength& c : anyLengths) {
+        SCOPED_TRACE(c.name);
+        for (long good = 0;; good++) {
+            freeAll();
+            arksDct(nullptr, nullptr, 0, ARK_Free);
+            for (const int len : {20, 64, 100})
+                arkcDft(nullptr, nullptr, len, ARK_Init);
+            std::vector<double> x(200, 1.0);
+            const std::vector<double> before = x;
+            bool failed;
+            {
+                const FailingHeap heap(good);
+                c.call(x.data());
+                failed = heap.hasFailed();
+            }
+            if (!failed) {
+                EXPECT_GT(good, 0);
+                EXPECT_NE(x, before);
+                break;
+            }
+            EXPECT_EQ(x, before);
+            ASSERT_EQ(recorded, 1) << "request " << good;
+            EXPECT_EQ(records[0].status, ARK_StatusOutOfMemory);
+            EXPECT_EQ(Messages{std::string(records[0].function) + ": " + records[0].message}, c.reports);
+            arkSetErrStatus(0);
+            recorded = 0;
+            c.call(x.data());
+            EXPECT_NE(x, before);
+            EXPECT_EQ(recorded, 0) << "works again";
+        }
+    }
+}
+
+// One refusal is got over by giving up the FFTs' tables, and a 16-bit DFT says where it failed.
+TEST_F(ShortMemory, OfADft)
+{
+    DoubleCplx x[100]{};
+    for (long good = 0; good < 3; good++) {
+        freeAll();
+        arkzDft(nullptr, nullptr, 100, ARK_Init);
+        const FailingHeap heap(good, 1);
+        arkzDft(x, x, 100, ARK_Forw);
+        EXPECT_TRUE(heap.hasFailed());
+        EXPECT_EQ(recorded, 0) << "request " << good;
+    }
+    freeAll();
+    ShortCplx y[100]{};
+    const FailingHeap heap(1); // the floats
+    arkvDft(y, y, 100, ARK_Forw, ARK_SATURATE, nullptr);
+    ASSERT_EQ(recorded, 3);
+    EXPECT_STREQ(records[0].function, "arkcGetDftTwdTbl");
+    EXPECT_STREQ(records[1].message, "tw==0");
+    EXPECT_STREQ(records[2].message, "out arkcDft calc. DFT");
+    EXPECT_EQ(arkGetErrStatus(), ARK_StatusBadArgument);
+    arkSetErrStatus(0);
+    recorded = 0;
+    {
+        const FailingHeap empty(0);
+        arkvDft(y, y, 100, ARK_Forw, ARK_SATURATE, nullptr);
+    }
+    ASSERT_EQ(recorded, 1);
+    EXPECT_STREQ(records[0].message, "NULL Pointer");
 }
 
 TEST_F(ShortMemory, InsideA16BitTransformIsTracedBack)

@@ -22,8 +22,8 @@ inline void transform(const Complex* in, Complex* out, std::size_t size, std::si
         out[0] = in[0];
         return;
     }
-    transform(in, out, size / 2, 2 * stride, roots);
-    transform(in + stride, out + size / 2, size / 2, 2 * stride, roots);
+    reference::transform(in, out, size / 2, 2 * stride, roots);
+    reference::transform(in + stride, out + size / 2, size / 2, 2 * stride, roots);
     for (std::size_t k = 0; k < size / 2; k++) {
         const Complex root = roots[k * stride], x = out[k], y = out[k + size / 2];
         const Complex turned{root.real() * y.real() - root.imag() * y.imag(),
@@ -69,7 +69,7 @@ inline const Pair& pairOf(int order)
     for (std::size_t i = 0; i < (size + 1) / 2; i++)
         roots.push_back({std::cos(step * static_cast<long double>(i)), -std::sin(step * static_cast<long double>(i))});
     pair.spectrum.resize(size);
-    transform(pair.signal.data(), pair.spectrum.data(), size, 1, roots);
+    reference::transform(pair.signal.data(), pair.spectrum.data(), size, 1, roots);
     return pair;
 }
 
