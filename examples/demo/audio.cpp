@@ -133,6 +133,32 @@ bool writeWav(const std::filesystem::path& file, std::span<const short> samples,
 double decibels(double ratio) { return 20 * std::log10(ratio); }
 double ratioOf(double decibels) { return std::pow(10, decibels / 20); }
 
+std::vector<unsigned char> telephoneCodes(std::span<const short> samples, bool muLaw)
+{
+    // A file that is a vector; only its end is written to.
+    using Bytes = std::vector<unsigned char>;
+    const auto size = [](void* bytes) { return sf_count_t(static_cast<Bytes*>(bytes)->size()); };
+    SF_VIRTUAL_IO memory{};
+    memory.get_filelen = size;
+    memory.tell = size;
+    memory.seek = [](sf_count_t, int, void* bytes) { return sf_count_t(static_cast<Bytes*>(bytes)->size()); };
+    memory.read = [](void*, sf_count_t, void*) { return sf_count_t{0}; };
+    memory.write = [](const void* from, sf_count_t n, void* bytes) {
+        const auto* const first = static_cast<const unsigned char*>(from);
+        static_cast<Bytes*>(bytes)->insert(static_cast<Bytes*>(bytes)->end(), first, first + n);
+        return n;
+    };
+    Bytes codes;
+    SF_INFO info{};
+    info.samplerate = 8000;
+    info.channels = 1;
+    info.format = SF_FORMAT_RAW | (muLaw ? SF_FORMAT_ULAW : SF_FORMAT_ALAW);
+    const File audio(sf_open_virtual(&memory, SFM_WRITE, &info, &codes), sf_close);
+    if (audio)
+        sf_write_short(audio.get(), samples.data(), sf_count_t(samples.size()));
+    return codes;
+}
+
 double peakLevel(std::span<const short> samples)
 {
     int peak = 0;

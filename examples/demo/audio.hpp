@@ -34,6 +34,9 @@ Recording madeHeart(const std::string& name, int rate, double seconds);
 bool writeWav(const std::filesystem::path& file, std::span<const short> samples, int channels, int rate,
               const std::string& credit);
 
+// The samples as codes of G.711, encoded by libsndfile.
+std::vector<unsigned char> telephoneCodes(std::span<const short> samples, bool muLaw);
+
 // Levels in dBFS: 0 is a magnitude of 32768. The RMS level of the loudest sine is -3.
 double peakLevel(std::span<const short> samples);
 double rmsLevel(std::span<const short> samples);

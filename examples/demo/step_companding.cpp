@@ -21,6 +21,27 @@ const Law laws[] = {
     {"mu-law", arkwbLinToMuLaw, arkwbMuLawToLin, 132},
 };
 
+// The codes that differ from libsndfile's. A-law goes over lines with every other bit inverted. In mu-law samples on
+// the border between two codes are left out: libsndfile gives them to the outer one.
+long long otherCodes(const std::vector<short>& samples, const Law& law)
+{
+    const bool muLaw = law.bias > 0;
+    std::vector<unsigned char> codes(samples.size());
+    law.encode(samples.data(), codes.data(), lengthOf(samples));
+    const std::vector<unsigned char> theirs = telephoneCodes(samples, muLaw);
+    if (theirs.size() != codes.size())
+        return lengthOf(codes);
+    long long count = 0;
+    for (std::size_t i = 0; i < codes.size(); i++) {
+        const auto further = short(std::clamp(samples[i] + (samples[i] < 0 ? -1 : 1), -32768, 32767));
+        unsigned char outer;
+        law.encode(&further, &outer, 1);
+        const int other = muLaw ? theirs[i] : theirs[i] ^ 0x55;
+        count += codes[i] != other && !(muLaw && outer == other);
+    }
+    return count;
+}
+
 std::vector<short> thereAndBack(const std::vector<short>& samples, const Law& law)
 {
     // [code
@@ -82,6 +103,11 @@ void companding(Demo& demo)
         }
         const double ratio = signalToNoise(speech, heard), theory = 0.5 * decibels(power / expected);
         table.row({name, text(ratio, 2), text(theory, 2)});
+        std::vector<short> all;
+        for (int x = -32768; x < 32768; x++)
+            all.push_back(short(x));
+        demo.expect(name + ", codes of all 65536 values that differ from libsndfile's", otherCodes(all, law), 0LL);
+        demo.expect(name + ", codes of the speech that do", otherCodes(speech, law), 0LL);
         demo.expect(name + ", largest error in half steps", most, 0, 1, "");
         // Whatever the recording is: were every error half a step, their power would be three times that.
         demo.expect(name + ", signal-to-noise ratio of " + demo.speech.name, ratio, theory - 0.5 * decibels(3),

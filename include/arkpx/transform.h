@@ -502,14 +502,14 @@ ARKPX_API void arkwDct(const short* src, short* dst, int len, int flags);
  * offsets with o0 + o2 = o1 + o3 = D and o0 - o1 even; Reconstruct then inverts Decompose. For orthogonal filters of F
  * taps, D = F - 1.
  *
- * The record is the caller's; the arrays behind it are the library's, from Init or SetState to arkWtFree. Zero it before
- * its first use; do not copy or move it while it is initialised. Init builds a wavelet, SetState does the same through
- * Init or takes the caller's filters, both release what an initialised record owned, and leave it cleared on failure.
+ * The record is the caller's; the arrays behind it are the library's, from Init or SetState to arkWtFree. Init builds a
+ * wavelet, SetState does the same through Init or takes the caller's filters; both begin with clearing the record, whatever
+ * it holds, and leave it cleared on failure: call arkWtFree before a record is used anew.
  * GetState gives the fields, and the filters as pointers to the record's own; they may be passed to SetState, also of the
  * same record. Any of GetState's outputs may be null. A record serves one thread at a time, as it holds the working
  * buffer; members of one type only (s and w share records).
  *
- *   wtState state = {0};
+ *   wtState state;
  *   arksWtInit(4, 0, 10, 5, &state, 3);           symlets of 4 moments, 1024 samples, 5 levels
  *   arksWtDecompose(&state, src, dst);
  *   arksWtReconstruct(&state, dst, src);
@@ -552,7 +552,6 @@ typedef struct wtState {
     int   Fofs[4];
     void* tap_filt[4]; /* float, or double for the d members */
     void* src_pad;     /* working buffer, 2^dataOrder + 2 max(Flen[0], Flen[1]) elements and some more */
-    void* self;        /* the record's own address while it is initialised */
 } wtState;
 
 ARKPX_API void arksWtInit(int par1, int par2, int dataOrder, int level, wtState* state, int wtType);

@@ -168,60 +168,32 @@ void synthesiseAll(const wtState& state, const T* src, T* dst)
 
 // ---- records ----
 
-inline bool ownsMemory(const wtState& state) { return state.initialised == 1 && state.self == &state; }
-
-inline void release(const wtState& state)
+// Completes fresh with copies of the taps and a working buffer, and makes it the record. False without memory; nothing
+// is kept then.
+template <class T, class Taps>
+bool install(wtState& record, wtState fresh, Taps taps)
 {
-    for (void* taps : state.tap_filt)
-        heapFree(taps);
-    heapFree(state.src_pad);
-}
-
-// Clears the record, and on its end fills it. Only then what the record owned before is released: the new taps may come
-// from there.
-class NewState {
-public:
-    explicit NewState(wtState& target) : target_{target}, owned_{ownsMemory(target)}, previous_{target} { target = {}; }
-    NewState(const NewState&) = delete;
-    NewState& operator=(const NewState&) = delete;
-    ~NewState()
-    {
-        if (owned_)
-            release(previous_);
-    }
-
-    // Both false without memory; nothing is kept then.
-    template <class T, class Taps>
-    bool set(wtState fresh, Taps taps)
-    {
-        Buffer<T> filters[4];
-        for (int i = 0; i < 4; i++) {
-            filters[i] = Buffer<T>{std::size_t(fresh.Flen[i])};
-            if (!filters[i])
-                return false;
-            for (int k = 0; k < fresh.Flen[i]; k++)
-                filters[i][std::size_t(k)] = T(taps[i][k]);
-        }
-        // The kernels' loads reach beyond the last element.
-        const std::uint64_t extension = 2 * std::uint64_t(std::max(fresh.Flen[0], fresh.Flen[1])) + 64 / sizeof(T);
-        const std::uint64_t elements = (std::uint64_t{1} << fresh.dataOrder) + extension;
-        Buffer<T> pad{elements > SIZE_MAX ? SIZE_MAX : std::size_t(elements)};
-        if (!pad)
+    Buffer<T> filters[4];
+    for (int i = 0; i < 4; i++) {
+        filters[i] = Buffer<T>{std::size_t(fresh.Flen[i])};
+        if (!filters[i])
             return false;
-        for (int i = 0; i < 4; i++)
-            fresh.tap_filt[i] = filters[i].release();
-        fresh.src_pad = pad.release();
-        fresh.initialised = 1;
-        fresh.self = &target_;
-        target_ = fresh;
-        return true;
+        for (int k = 0; k < fresh.Flen[i]; k++)
+            filters[i][std::size_t(k)] = T(taps[i][k]);
     }
-
-private:
-    wtState& target_;
-    bool owned_;
-    wtState previous_;
-};
+    // The kernels' loads reach beyond the last element.
+    const std::uint64_t extension = 2 * std::uint64_t(std::max(fresh.Flen[0], fresh.Flen[1])) + 64 / sizeof(T);
+    const std::uint64_t elements = (std::uint64_t{1} << fresh.dataOrder) + extension;
+    Buffer<T> pad{elements > SIZE_MAX ? SIZE_MAX : std::size_t(elements)};
+    if (!pad)
+        return false;
+    for (int i = 0; i < 4; i++)
+        fresh.tap_filt[i] = filters[i].release();
+    fresh.src_pad = pad.release();
+    fresh.initialised = 1;
+    record = fresh;
+    return true;
+}
 
 inline bool goodSizes(Where at, int dataOrder, int level)
 {
@@ -240,7 +212,7 @@ void wtInit(Where at, WaveletType wavelet, int dataOrder, int level, wtState* st
 {
     if (!state)
         return badArgument(at, "wtState==0");
-    NewState record{*state};
+    *state = {};
     if (!goodSizes(at, dataOrder, level))
         return;
     FilterBank bank;
@@ -255,7 +227,7 @@ void wtInit(Where at, WaveletType wavelet, int dataOrder, int level, wtState* st
     fresh.level = level;
     std::copy_n(bank.len, 4, fresh.Flen);
     std::copy_n(bank.ofs, 4, fresh.Fofs);
-    if (!record.set<T>(fresh, bank.taps))
+    if (!install<T>(*state, fresh, bank.taps))
         outOfMemory(at, "No working wavelet memory");
 }
 
@@ -275,12 +247,12 @@ void wtSetState(Where at, wtState* state, WaveletType wavelet, int dataOrder, in
         return badArgument(at, "wtState==0");
     wtState fresh{};
     const T* filters[4] = {};
-    for (int i = 0; i < 4; i++) { // before the record is cleared: they may be its own arrays
+    for (int i = 0; i < 4; i++) { // before the record is cleared: they may be its own
         filters[i] = taps ? taps[i] : nullptr;
         fresh.Flen[i] = len ? len[i] : 0;
         fresh.Fofs[i] = ofs ? ofs[i] : 0;
     }
-    NewState record{*state};
+    *state = {};
     if (!goodSizes(at, dataOrder, level) ||
         !allGood(at, {{!taps, "Ftaps eq. NULL"}, {!len, "Flen eq. NULL"}, {!ofs, "Fofs eq. NULL"}}))
         return;
@@ -298,7 +270,7 @@ void wtSetState(Where at, wtState* state, WaveletType wavelet, int dataOrder, in
     fresh.par2 = wavelet.par2;
     fresh.dataOrder = dataOrder;
     fresh.level = level;
-    if (!record.set<T>(fresh, filters))
+    if (!install<T>(*state, fresh, filters))
         outOfMemory(at, "No working wavelet memory");
 }
 
@@ -334,10 +306,14 @@ inline void wtFree(Where at, wtState* state)
 {
     if (!state)
         return badArgument(at, "wtState==0");
-    release(*state);
+    if (state->initialised == 1) { // else its pointers are nobody's
+        for (void* taps : state->tap_filt)
+            heapFree(taps);
+        heapFree(state->src_pad);
+    }
     for (void*& taps : state->tap_filt)
         taps = nullptr;
-    state->src_pad = state->self = nullptr;
+    state->src_pad = nullptr;
     state->initialised = 0;
 }
 

@@ -32,24 +32,26 @@ int statusWith(int blocks, Call call)
 
 TEST(WaveletMemory, RecordsAreLeftCleared)
 {
-    wtState state{};
+    wtState other{}, state{};
     const wtState clear{};
+    arkdWtInit(4, 0, 5, 2, &other, 2);
+    double* taps[4];
+    int len[4], ofs[4];
+    arkdWtGetState(&other, nullptr, nullptr, nullptr, nullptr, nullptr, taps, len, ofs);
     for (int blocks = 0; blocks < 5; blocks++) {
-        arkdWtInit(4, 0, 5, 2, &state, 2); // is released
-        double* own[4];
-        int len[4], ofs[4];
+        state.par1 = 7;
         EXPECT_EQ(statusWith(blocks, [&] { arkdWtInit(2, 2, 5, 2, &state, 5); }), ARK_StatusOutOfMemory);
         EXPECT_STREQ(lastMessage, "No working wavelet memory");
         EXPECT_EQ(std::memcmp(&state, &clear, sizeof state), 0);
-        arkdWtInit(4, 0, 5, 2, &state, 2);
-        arkdWtGetState(&state, nullptr, nullptr, nullptr, nullptr, nullptr, own, len, ofs);
+        state.par1 = 7;
         EXPECT_EQ(
             statusWith(blocks,
-                       [&] { arkdWtSetState(&state, 10, 0, 0, 5, 2, const_cast<const double**>(own), len, ofs); }),
+                       [&] { arkdWtSetState(&state, 10, 0, 0, 5, 2, const_cast<const double**>(taps), len, ofs); }),
             ARK_StatusOutOfMemory);
         EXPECT_STREQ(lastMessage, "No working wavelet memory");
         EXPECT_EQ(std::memcmp(&state, &clear, sizeof state), 0);
     }
+    arkWtFree(&other);
 }
 
 TEST(WaveletMemory, OnlyShortTransformsAllocate)

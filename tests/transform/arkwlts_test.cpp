@@ -408,9 +408,11 @@ TEST(WaveletRecord, GoesThroughGetAndSetState)
     for (float& value : x)
         value = float(randomInt(-9, 9));
     arksWtDecompose(&record.state, x, y);
-    // The record's own arrays are copied before they are released.
+    // A record's filters may become another's, also those of the one that is set: it is a plain record.
+    wtState before = record.state;
     arksWtSetState(&record.state, 10, 7, 8, 6, 3, const_cast<const float**>(taps), record.state.Flen,
                    record.state.Fofs);
+    arkWtFree(&before);
     EXPECT_EQ((std::array{record.state.wtType, record.state.kind, record.state.par1, record.state.par2}),
               (std::array{10, 3, 7, 8}));
     arksWtDecompose(&record.state, x, again);
@@ -422,6 +424,8 @@ TEST(WaveletRecord, GoesThroughGetAndSetState)
     EXPECT_EQ(record.state.tap_filt[3], nullptr);
     EXPECT_EQ(record.state.src_pad, nullptr);
     // What a record holds by chance is nobody's memory.
+    std::memset(static_cast<void*>(&record.state), 0x7F, sizeof record.state);
+    arkWtFree(&record.state);
     std::memset(static_cast<void*>(&record.state), 0x01, sizeof record.state);
     record.state.initialised = 1;
     arksWtSetState(&record.state, 1, 0, 0, 4, 2, nullptr, nullptr, nullptr);
@@ -437,7 +441,7 @@ TEST(WaveletRecord, SetStateReports)
     Record record;
     wtState& state = record.state;
     const auto set = [&](int order, int level, const double** t, const int* n, const int* o) {
-        arkdWtSetState(&state, 10, 0, 0, 4, 1, taps, len, ofs); // is cleared by the next
+        std::memset(static_cast<void*>(&state), 0x7F, sizeof state);
         arkdWtSetState(&state, 10, 0, 0, order, level, t, n, o);
         EXPECT_EQ(state.initialised, 0);
         EXPECT_EQ(state.tap_filt[0], nullptr);
@@ -548,11 +552,13 @@ TEST(Wavelet, Of16BitsRoundsAndSaturates)
     const float half[2] = {0.5f, 0.5f}, one[2] = {2, 0};
     const float* taps[4] = {half, one, one, half};
     const int len[4] = {2, 2, 2, 2}, ofs[4] = {1, 1, 0, 0};
+    arkWtFree(&record.state);
     arkwWtSetState(&record.state, 10, 0, 0, 2, 1, taps, len, ofs);
     const short in[4] = {2, 3, -20000, 20001};
     short out[4];
     arkwWtDecompose(&record.state, in, out);
     EXPECT_EQ((std::array{out[0], out[1], out[2], out[3]}), (std::array<short, 4>{2, 0, 6, 32767}));
+    arkWtFree(&record.state);
     arkwWtSetState(&record.state, 10, 0, 0, 2, 0, taps, len, ofs);
     arkwWtReconstruct(&record.state, in, out);
     EXPECT_TRUE(std::equal(in, in + 4, out));
