@@ -111,8 +111,8 @@ struct Direct {
         const std::ptrdiff_t size = count + n - 1 + tallest;
         const std::ptrdiff_t begin = most(0, -origin), end = least(len, size - origin);
         __builtin_memset(data, 0, std::size_t(origin + begin) * sizeof(X));
-        __builtin_memcpy(data + origin + begin, x + begin, std::size_t(end - begin) * sizeof(X));
-        __builtin_memset(data + origin + end, 0, std::size_t(size - origin - end) * sizeof(X));
+        __builtin_memcpy(data + (origin + begin), x + begin, std::size_t(end - begin) * sizeof(X));
+        __builtin_memset(data + (origin + end), 0, std::size_t(size - origin - end) * sizeof(X));
 
         Edge edge{data + n - 1, nullptr, h, len, n, first, out};
         std::ptrdiff_t k = 0;
