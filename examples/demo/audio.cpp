@@ -101,13 +101,19 @@ Recording madeHeart(const std::string& name, int rate, double seconds)
     constexpr struct {
         double height, place, width;
     } waves[] = {{0.15, -0.18, 0.025}, {-0.1, -0.03, 0.008}, {1.2, 0, 0.010}, {-0.25, 0.03, 0.010}, {0.3, 0.25, 0.05}};
-    for (double beat = 0.5; beat < seconds; beat += 0.8 + 0.04 * (uniform() - 0.5))
-        for (const auto& wave : waves)
-            for (double t = -4 * wave.width; t < 4 * wave.width; t += 1.0 / rate) {
-                const double at = std::round((beat + wave.place + t) * rate);
-                if (at >= 0 && at < double(voltage.size()))
-                    voltage[std::size_t(at)] += wave.height * std::exp(-0.5 * t * t / (wave.width * wave.width));
+    double beat = 0.5;
+    while (beat < seconds) {
+        for (const auto& wave : waves) {
+            const double middle = (beat + wave.place) * rate, reach = 4 * wave.width * rate;
+            const auto from = std::size_t(std::max(0.0, middle - reach));
+            const auto to = std::min(voltage.size(), std::size_t(middle + reach));
+            for (std::size_t i = from; i < to; i++) {
+                const double t = (double(i) - middle) / (wave.width * rate);
+                voltage[i] += wave.height * std::exp(-0.5 * t * t);
             }
+        }
+        beat += 0.8 + 0.04 * (uniform() - 0.5);
+    }
     Recording made{name, "made by this program", rate, {}, true};
     for (const double v : voltage)
         made.samples.push_back(short(std::lround(200 * v)));
