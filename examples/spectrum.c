@@ -39,7 +39,7 @@ int main(void)
         if (power[k] > power[peak])
             peak = k;
     /* Near its top the spectrum of the Hann window is nearly a parabola in decibels. */
-    a = log10(power[peak - 1]), b = log10(power[peak]), c = log10(power[peak + 1]);
+    a = log10((double)power[peak - 1]), b = log10((double)power[peak]), c = log10((double)power[peak + 1]);
     found = (peak + 0.5 * (a - c) / (a - 2 * b + c)) * rate / n;
 
     printf("the largest element is %d, which stands for %.1f Hz\n", peak, (double)peak * rate / n);
