@@ -81,6 +81,15 @@ void transforms()
     count("complex FFT, order 10, double", [=] { arkzFft(z, 10, ARK_Forw); });
     count("complex FFT, order 10, 16-bit",
           [=] { arkvFft(reinterpret_cast<ShortCplx*>(s), 10, ARK_Forw, ARK_SATURATE, nullptr); });
+    ArksGoertzState goertz;
+    arksGoertzInit(0.1f, &goertz);
+    static wtState wavelet;
+    arksWtInit(4, 0, 10, 5, &wavelet, 2);
+    count("DCT, 1024", [=] { arksDct(r, r, 1024, ARK_Forw); });
+    count("DFT, 1000", [=] { arkcDft(x, y, 1000, ARK_Forw); });
+    count("Goertzel, 205 samples", [=]() mutable { arksbGoertz(&goertz, r, 205); });
+    count("wavelet, 8 taps, 5 levels", [=] { arksWtDecompose(&wavelet, r, reinterpret_cast<float*>(y)); });
+    arkWtFree(&wavelet);
     count("real FFT, order 10", [=] { arksRealFftNip(r, y, 10, ARK_Forw); });
 }
 
