@@ -22,7 +22,7 @@ ARK_INLINE Pair<V> times(Pair<V> a, Pair<V> b)
 {
     return {a.re * b.re - a.im * b.im, a.im * b.re + a.re * b.im};
 }
-ARK_INLINE Pair<Vec<double>> broadcast(Pair<double> z) { return {broadcast(z.re), broadcast(z.im)}; }
+ARK_INLINE Pair<Vec<double>> inAllLanes(Pair<double> z) { return {broadcast(z.re), broadcast(z.im)}; }
 
 // Lane l of register c has the samples at c L + l, c L + l + rows L, ..., and sums them by Horner's rule in powers of
 // z^(rows L), L samples in a register. Zeros and the sum so far stand before the first sample.
@@ -39,7 +39,7 @@ void feed(const T* samples, std::ptrdiff_t n, GoertzelSum& sum)
     Pair<double> powers[each + 1] = {{1, 0}, {sum.cosine, sum.sine}};
     for (int j = 2; j <= each; j++)
         powers[j] = times(powers[j / 2], powers[j - j / 2]);
-    const Pair<Vec<double>> ofRow = broadcast(powers[each]);
+    const Pair<Vec<double>> ofRow = inAllLanes(powers[each]);
     const Pair<Vec<double>> ofTwo = times(ofRow, ofRow), ofStep = rows == 4 ? times(ofTwo, ofTwo) : ofTwo;
 
     const Real<T>*x = partsOf(samples), *end = x + parts<T> * n;
