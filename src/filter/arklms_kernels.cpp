@@ -67,12 +67,12 @@ void adapt(T* taps, const X* x, std::ptrdiff_t n, double keep, double gainRe, do
 template <class R>
 double adaptAndDot(R* taps, const R* x, const R* fresh, std::ptrdiff_t n, double keep, double gain)
 {
-    constexpr int chains = 4; // a sum alone would wait for itself
+    constexpr std::ptrdiff_t chains = 4; // a sum alone would wait for itself
     const D kept = broadcast(keep), gains = broadcast(gain);
     D sums[chains] = {};
     std::ptrdiff_t i = 0;
     for (; i + chains * width <= n; i += chains * width)
-        for (int c = 0; c < chains; c++)
+        for (std::ptrdiff_t c = 0; c < chains; c++)
             sums[c] += updated(taps + i + c * width, kept, gains * loadDoubles(x + i + c * width)) *
                        loadDoubles(fresh + i + c * width);
     for (; i + width <= n; i += width)

@@ -3,6 +3,8 @@
 
 #include "transform/wavelet_taps.hpp"
 
+#include <cstddef>
+
 namespace ark {
 
 enum FilterOfBank { analysisLow, analysisHigh, synthesisLow, synthesisHigh };
@@ -102,14 +104,15 @@ inline LowPassPair biorthogonalPair(int synthesis, int analysis)
 inline LowPassPair lowPassPair(int type, int par1, int par2)
 {
     const int n = par1;
+    const auto place = [=] { return std::ptrdiff_t{n} * (n - 1); }; // for an n in range: the taps of all before it
     switch (type) {
     case 1: return orthogonalPair(daubechiesTaps, 2);
-    case 2: return n >= 1 && n <= 20 ? orthogonalPair(daubechiesTaps + n * (n - 1), 2 * n) : LowPassPair{};
+    case 2: return n >= 1 && n <= 20 ? orthogonalPair(daubechiesTaps + place(), 2 * n) : LowPassPair{};
     case 3: // symlets of 2 and 3 moments are the Daubechies filters
         if (n == 2 || n == 3)
-            return orthogonalPair(daubechiesTaps + n * (n - 1), 2 * n);
-        return n >= 4 && n <= 20 ? orthogonalPair(symletTaps + n * (n - 1) - 12, 2 * n) : LowPassPair{};
-    case 4: return n >= 1 && n <= 5 ? orthogonalPair(coifletTaps + 3 * n * (n - 1), 6 * n) : LowPassPair{};
+            return orthogonalPair(daubechiesTaps + place(), 2 * n);
+        return n >= 4 && n <= 20 ? orthogonalPair(symletTaps + place() - 12, 2 * n) : LowPassPair{};
+    case 4: return n >= 1 && n <= 5 ? orthogonalPair(coifletTaps + 3 * place(), 6 * n) : LowPassPair{};
     case 5: return biorthogonalPair(par1, par2);
     case 6: {
         const LowPassPair pair = biorthogonalPair(par1, par2);

@@ -53,11 +53,11 @@ void feed(const T* samples, std::ptrdiff_t n, GoertzelSum& sum)
     }
 
     Pair<Vec<double>> v[rows];
-    for (int row = 0; row < rows; row++)
+    for (std::ptrdiff_t row = 0; row < rows; row++)
         v[row] = {load(first + row * width), load(firstIm + row * width)};
     for (; x != end; x += step)
         ARK_UNROLL
-    for (int row = 0; row < rows; row++)
+    for (std::ptrdiff_t row = 0; row < rows; row++)
         v[row] = timesPlus(v[row], ofStep, {loadDoubles(x + row * width), Vec<double>{}});
 
     double re[width], im[width];
