@@ -353,13 +353,10 @@ ARKPX_API void arkvDft(const ShortCplx* inSamps, ShortCplx* outSamps, int length
  *   Goertz            feeds one sample and returns the coefficient
  *   sbGoertz, ...     feed len samples (elements) and return the coefficient after the last
  *
- * The sums are computed in double, and s is rounded to the record's precision at every sample. A block of w and v, or of
- * fewer than 32 samples, gives what its samples one by one give, to the bit. A longer one of s, c, d and z is one sum in
- * double, rounded at its end only, and differs by the roundings that it spares: about eps n min(n, 1 / sin(2 pi freq))
- * times the largest |s| at most, n samples long, eps = 2^-24 or 2^-53. Where the sine is below 0.001 it takes the samples
- * one by one. What is not finite in a sample makes the coefficient not finite. The members of real signals keep s in the
- * real parts. Those of a precision (s, c, w and v; d and z) have one record, and their Init and Reset do the same. The
- * record is the caller's, holds no pointers, may be copied, and needs no end.
+ * A block gives what its samples one by one give, to the bit: the sums are computed in double, and s is rounded to the
+ * record's precision at every sample. The members of real signals keep s in the real parts. Those of a precision (s, c, w
+ * and v; d and z) have one record, and their Init and Reset do the same. The record is the caller's, holds no pointers,
+ * may be copied, and needs no end.
  *
  * The 16-bit members bring the coefficient, rounded to the nearest integer (ties to even), to 16 bits as
  * arkpx/types.h says: ARK_WRAP (and a negative scaleMode) keeps the low 16 bits, ARK_SATURATE clamps,

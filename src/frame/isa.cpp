@@ -64,10 +64,6 @@ extern const RealKernels<float> realS;
 extern const RealKernels<double> realD;
 extern const WaveletKernels<float> waveletS;
 extern const WaveletKernels<double> waveletD;
-extern const GoertzelKernels<float> goertzelS;
-extern const GoertzelKernels<double> goertzelD;
-extern const GoertzelKernels<FloatCplx> goertzelC;
-extern const GoertzelKernels<DoubleCplx> goertzelZ;
 
 // In the order of the bases of Kernels.
 // clang-format off
@@ -82,7 +78,6 @@ constinit const Kernels kernels{
     {fftC}, {fftZ},
     {realS}, {realD},
     {waveletS}, {waveletD},
-    {goertzelS}, {goertzelD}, {goertzelC}, {goertzelZ},
     {toneS}, {toneD}, {toneC}, {toneZ},
     {gaussS}, {gaussD},
     {windowS}, {windowD}, {windowC}, {windowZ}, {windowW}, {windowV},

@@ -20,7 +20,6 @@
 #include "generate/arktone_kernels.hpp"
 #include "generate/arkwin_kernels.hpp"
 #include "transform/fft_kernels.hpp"
-#include "transform/goertzel_kernels.hpp"
 #include "transform/real_kernels.hpp"
 #include "transform/wavelet_kernels.hpp"
 #include "vector/arkarith_kernels.hpp"
@@ -78,10 +77,6 @@ struct Kernels : KernelSlot<FillKernels>,
                  KernelSlot<RealKernels<double>>,
                  KernelSlot<WaveletKernels<float>>,
                  KernelSlot<WaveletKernels<double>>,
-                 KernelSlot<GoertzelKernels<float>>,
-                 KernelSlot<GoertzelKernels<double>>,
-                 KernelSlot<GoertzelKernels<FloatCplx>>,
-                 KernelSlot<GoertzelKernels<DoubleCplx>>,
                  KernelSlot<ToneKernels<float>>,
                  KernelSlot<ToneKernels<double>>,
                  KernelSlot<ToneKernels<FloatCplx>>,

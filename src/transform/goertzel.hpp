@@ -1,7 +1,6 @@
 // The Goertzel recurrence.
 #pragma once
 
-#include "frame/kernels.hpp"
 #include "frame/report.hpp"
 #include "frame/types.hpp"
 #include "vector/scale.hpp"
@@ -47,8 +46,8 @@ void goertzelInit(Where at, R freq, GoertzelState<R>* state)
     *state = {freq, R(std::cos(w)), R(std::sin(w)), R(2 * std::cos(w)), {}, {}};
 }
 
-// One part of the recurrence, rounded at every sample. The sample less the older value first: it does not wait for the
-// newer one.
+// One part of the recurrence. Rounded at every sample, so that blocks and single samples agree to the bit. The sample
+// less the older value first: it does not wait for the newer one.
 template <class R>
 struct GoertzelPart {
     R s2, s1;
@@ -79,30 +78,6 @@ void goertzelFeed(GoertzelState<R>& state, const T* samps, std::ptrdiff_t n)
     state.s1 = {re.s1, im.s1};
 }
 
-// The same for a block, at once: z s1 - s2 becomes z^n (z s1 - s2) + sum over k < n of x[k] z^(n-k), where 2 Re z is
-// the recurrence's coefficient. Blocks that are no longer than it takes to begin and end the sum keep the recurrence,
-// as do frequencies so near 0 or 0.5 that the division by Im z would undo what double precision is ahead.
-template <class R, class T>
-void goertzelFeedBlock(GoertzelState<R>& state, const T* samps, std::ptrdiff_t n)
-{
-    const double cosine = double(state.coef) / 2, sine = std::sqrt((1 - cosine) * (1 + cosine));
-    if (n < 32 || !(sine > 1e-3))
-        return goertzelFeed<R>(state, samps, n);
-    GoertzelSum sum{cosine, sine, {}, {}};
-    R* const s1 = partsOf(&state.s1);
-    R* const s2 = partsOf(&state.s2);
-    for (int part = 0; part < parts<T>; part++) {
-        sum.re[part] = cosine * double(s1[part]) - double(s2[part]);
-        sum.im[part] = sine * double(s1[part]);
-    }
-    kernels<GoertzelKernels<T>>().feed(samps, n, sum);
-    for (int part = 0; part < parts<T>; part++) {
-        const double newest = sum.im[part] / sine;
-        s1[part] = R(newest);
-        s2[part] = R(cosine * newest - sum.re[part]);
-    }
-}
-
 // e^(i w) s1 - s2. A real tracker does not look at imaginary parts.
 template <class R, class T>
 GoertzelCplx<R> goertzelResult(const GoertzelState<R>& state)
@@ -130,7 +105,7 @@ GoertzelCplx<R> goertzelBlock(Where at, GoertzelState<R>* state, const T* samps,
 {
     if (!firstGood(at, {{!state, nullGoertzState}, {!samps, "Null buffer pointer"}, {len < 1, "Invalid array length"}}))
         return {};
-    goertzelFeedBlock<R>(*state, samps, len);
+    goertzelFeed<R>(*state, samps, len);
     return goertzelResult<R, T>(*state);
 }
 
