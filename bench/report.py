@@ -91,7 +91,7 @@ def main():
             if "kernels; peers" in line and not out:
                 out += ["# Benchmarks", "", f"Made by `{command}` on {datetime.date.today()}: {line}.", "",
                         f"Peers: {versions()}, and plain loops.", "",
-                        "All contenders of a row ran in turns on one core; the fastest of 25 repetitions counts. A ratio below"
+                        "All contenders of a row ran in turns on one core; the fastest of many repetitions counts. A ratio below"
                         " 1 says that the library takes less time than its fastest peer."]
             continue
         if line or (out and out[-1]):

@@ -13,9 +13,10 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int n = 4096, order = 12, repetitions = 15, calls = 400;
+constexpr int n = 4096, order = 12, repetitions = 9;
+constexpr double longEnough = 0.03; // seconds, beside which the start of a thread counts for nothing
 
-double seconds(const std::function<void(int)>& work, int threads)
+double seconds(const std::function<void(int)>& work, int threads, int calls)
 {
     const auto begin = Clock::now();
     std::vector<std::thread> running;
@@ -32,10 +33,11 @@ double seconds(const std::function<void(int)>& work, int threads)
 
 void print(const char* name, const std::function<void(int)>& work)
 {
+    const int calls = 1 + int(100 * longEnough / seconds(work, 1, 100));
     double one = 1e9, two = 1e9;
     for (int i = 0; i < repetitions; i++) {
-        one = std::min(one, seconds(work, 1));
-        two = std::min(two, seconds(work, 2));
+        one = std::min(one, seconds(work, 1, calls));
+        two = std::min(two, seconds(work, 2, calls));
     }
     std::printf("| %-24s | %6.2f | %6.2f | %6.2f |\n", name, 1e6 * one / calls, 1e6 * two / calls, 2 * one / two);
 }
