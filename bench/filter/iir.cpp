@@ -48,12 +48,13 @@ void plainCascade(const float* taps, int count, float* states, const float* src,
 
 #if ARKPX_BENCH_LIQUID
 // Its coefficients are apart: b's of all sections, then a's.
-auto liquidCascade(const Array<float>& taps, int count)
+template <class Create>
+auto liquidCascade(const Array<float>& taps, int count, Create create)
 {
     std::vector<float> b, a;
     for (int i = 0; i < 6 * count; i++)
         (i % 6 < 3 ? b : a).push_back(taps[i]);
-    return iirfilt_rrrf_create_sos(b.data(), a.data(), unsigned(count));
+    return create(b.data(), a.data(), unsigned(count));
 }
 #endif
 
@@ -68,9 +69,27 @@ Case biquads(const char* name, int count)
                 return Contenders{
                     {"arkpx", [=] { arksbIir(state.get(), src, dst, n); }},
                     {"loop", [=] { plainCascade(taps, count, states, src, dst, n); }},
-                    LIQUID(liquidCascade(taps, count), iirfilt_rrrf_execute_block(q, src, unsigned(n), dst))};
+                    LIQUID(liquidCascade(taps, count, iirfilt_rrrf_create_sos), iirfilt_rrrf_execute_block(q, src, unsigned(n), dst))};
             },
             {1, 64, 1024, 65536}};
+}
+
+FloatCplx complexNoise() { return {float(noise()), float(noise())}; }
+
+Case complexBiquads(const char* name, int count)
+{
+    return {name, 16,
+            [=](int n) {
+                const Array<float> taps = sections(count);
+                const Array<FloatCplx> src(n, complexNoise), dst(n);
+                const auto state = std::make_shared<Object>();
+                arkcsIirInitBq(0, taps, count, state.get());
+                return Contenders{
+                    {"arkpx", [=] { arkcsbIir(state.get(), src, dst, n); }},
+                    LIQUID(liquidCascade(taps, count, iirfilt_crcf_create_sos),
+                           iirfilt_crcf_execute_block(q, liquidCplx(src), unsigned(n), liquidCplx(dst)))};
+            },
+            {64, 1024, 65536}};
 }
 
 Case order(const char* name, int order)
@@ -94,7 +113,9 @@ Case order(const char* name, int order)
 
 const bench::Family iir{
     "IIR filters, float",
-    {biquads("1 biquad", 1), biquads("4 biquads", 4), biquads("16 biquads", 16), order("order 4", 4), order("order 16", 16)}};
+    {biquads("1 biquad", 1), biquads("4 biquads", 4), biquads("8 biquads", 8), biquads("16 biquads", 16),
+     complexBiquads("complex, 1 biquad", 1), complexBiquads("complex, 4 biquads", 4), complexBiquads("complex, 8 biquads", 8),
+     order("order 4", 4), order("order 16", 16)}};
 // clang-format on
 
 } // namespace
