@@ -67,7 +67,7 @@ def convolution(length, n):
         lambda: signal.oaconvolve(x, h))
 
 
-print(f"\n## Beside SciPy {scipy.__version__}\n")
+print(f"\n## Beside SciPy\n\nNanoseconds an output; SciPy {scipy.__version__}.\n")
 print(f"| {'':36} | {'n':>7} | {'arkpx':>8} | {'SciPy':>8} | {'ratio':>6} |")
 print(f"|{'-' * 38}|--------:|---------:|---------:|-------:|")
 for taps in (16, 64, 256):
