@@ -66,6 +66,13 @@ inline void backtrace(Where at) { report(at, ARK_StatusBacktrace, nullptr); }
 // The status gate: false when a failure, also an earlier one, is recorded for this thread.
 inline bool statusGood() { return context().head.status >= 0; }
 
+template <std::size_t count>
+inline bool noneFailed(const Check (&checks)[count])
+{
+    return [&]<std::size_t... i>(std::index_sequence<i...>) { return !(checks[i].failed | ...); }
+    (std::make_index_sequence<count>{});
+}
+
 // Style 1: reports every failed check, then tests the status. False when the operation must not go on. A failed check
 // counts even when the handler has cleared the status.
 template <std::size_t count>

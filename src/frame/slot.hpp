@@ -24,7 +24,14 @@ public:
     template <class T>
     T* buffer(std::size_t count)
     {
-        return count <= bytes_ / sizeof(T) ? static_cast<T*>(block_) : grow<T>(count);
+        return holds<T>(count) ? static_cast<T*>(block_) : grow<T>(count);
+    }
+
+    // The table, or a buffer of at least count elements, if it is there; null otherwise.
+    template <class T>
+    T* present(std::size_t count = 0) const
+    {
+        return holds<T>(count) ? static_cast<T*>(block_) : nullptr;
     }
 
     void clear()
@@ -35,6 +42,12 @@ public:
     }
 
 private:
+    template <class T>
+    bool holds(std::size_t count) const
+    {
+        return count <= bytes_ / sizeof(T);
+    }
+
     template <class T, class Count, class Fill>
     [[gnu::cold, gnu::noinline]] T* build(Count count, Fill fill)
     {

@@ -30,8 +30,8 @@ template <class R, std::size_t count>
 void cplxFft(Where at, const Check (&nulls)[count], FftLayout layout, FftVector<const R> src, FftVector<R> dst,
              int order, int flags)
 {
-    Workspace<R> space;
-    if (!ready(at, cplxKind, nulls, order, flags, space))
+    const Workspace<R> space = ready<R>(at, cplxKind, nulls, order, flags);
+    if (!space.isComplete)
         return;
     if (order == 0) {
         *dst.re = *src.re;

@@ -297,7 +297,7 @@ ARK_INLINE Cplx<Reg<R, W>> getCplx(const R* from)
 
 // ---- the rows' transforms ----
 
-constexpr int log2Of(int n) { return n == 1 ? 0 : 1 + log2Of(n / 2); }
+constexpr int log2Of(int n) { return n <= 1 ? 0 : 1 + log2Of(n / 2); }
 
 constexpr int reversed(int i, int count)
 {
@@ -792,7 +792,7 @@ void fillRowsTable(const Plan& plan, R* table, R eighth)
 
 // The widest register of which an order has 4 rows; 0 for the orders that are done in scalars.
 template <class R>
-ARK_INLINE int widthFor(int order)
+constexpr int widthFor(int order)
 {
     for (int width = lanes<R>; width >= int(16 / sizeof(R)); width /= 2)
         if (order >= log2Of(width) + 2)
@@ -1098,7 +1098,7 @@ ARK_INLINE void lanesThenRows(Source source, Target target, std::ptrdiff_t M, co
 // The two bit-reversed orders work in place in dst; row r holds what stands at r W. The vector may begin at element
 // first.
 template <class R, int W, Form form>
-void shortToReversed(const Job<R>& job, std::ptrdiff_t first)
+void shortToReversedFrom(const Job<R>& job, std::ptrdiff_t first)
 {
     const Head<R>& head = job.head();
     const std::ptrdiff_t M = std::ptrdiff_t{1} << head.plan.m;
@@ -1117,7 +1117,13 @@ void shortToReversed(const Job<R>& job, std::ptrdiff_t first)
 }
 
 template <class R, int W, Form form>
-void shortFromReversed(const Job<R>& job, std::ptrdiff_t first)
+void shortToReversed(const Job<R>& job)
+{
+    shortToReversedFrom<R, W, form>(job, 0);
+}
+
+template <class R, int W, Form form>
+void shortFromReversedFrom(const Job<R>& job, std::ptrdiff_t first)
 {
     const Head<R>& head = job.head();
     const std::ptrdiff_t M = std::ptrdiff_t{1} << head.plan.m;
@@ -1133,6 +1139,12 @@ void shortFromReversed(const Job<R>& job, std::ptrdiff_t first)
     withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
         transformRowsFromReversed<R, W>(head.plan, head.plan.passes - 1, rows, target, head.rowsTable(job.table));
     });
+}
+
+template <class R, int W, Form form>
+void shortFromReversed(const Job<R>& job)
+{
+    shortFromReversedFrom<R, W, form>(job, 0);
 }
 
 // The factors w_N^(k (c + l)) of a matrix: of row k, and of the W columns from c on in the order of lanes.
@@ -1257,7 +1269,7 @@ void matrixToReversed(const Job<R>& job)
     }
     const FftVector<const R> between{job.dst.re, job.dst.im};
     for (std::ptrdiff_t row = 0; row < N1; row++)
-        shortToReversed<R, W, form>({between, job.dst, job.table + head.inner, nullptr, job.scale}, row * N2);
+        shortToReversedFrom<R, W, form>({between, job.dst, job.table + head.inner, nullptr, job.scale}, row * N2);
 }
 
 // Bit-reversed input: the opposite.
@@ -1267,7 +1279,7 @@ void matrixFromReversed(const Job<R>& job)
     const Head<R>& head = job.head();
     const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
     for (std::ptrdiff_t row = 0; row < N1; row++)
-        shortFromReversed<R, W, form>({job.src, job.dst, job.table + head.inner, nullptr, 1}, row * N2);
+        shortFromReversedFrom<R, W, form>({job.src, job.dst, job.table + head.inner, nullptr, 1}, row * N2);
     const Rows<R> rows = rowsIn<R, W>(job.scratch);
     const InnerTarget<R, W> inner{rows};
     const MatrixFactors<R, W> factors(job);
@@ -1298,44 +1310,52 @@ void inScalars(const Job<R>& job)
     }
 }
 
-template <class R, int W, Form form, FftOrder fftOrder>
-void inRegisters(const Job<R>& job)
+template <class R>
+using Compute = void (*)(const Job<R>& job);
+
+template <class R, Form form, FftOrder fftOrder, int order>
+constexpr Compute<R> computeFor()
 {
-    // Registers narrower than the native ones are for the orders that have too few rows of those.
-    if (W < lanes<R> || job.head().plan.m == 2)
-        return fewRows<R, W, form, fftOrder, 4>(job);
-    if constexpr (W == lanes<R>) {
-        const bool isMatrix = job.head().order >= matrixFrom;
-        if (job.head().plan.m == 3)
-            return fewRows<R, W, form, fftOrder, 8>(job);
-        if constexpr (fftOrder == naturalOrder)
-            return isMatrix ? matrixToNatural<R, W, form>(job) : shortToNatural<R, W, form>(job);
-        else if constexpr (fftOrder == bitReversedOutput)
-            return isMatrix ? matrixToReversed<R, W, form>(job) : shortToReversed<R, W, form>(job, 0);
-        else
-            return isMatrix ? matrixFromReversed<R, W, form>(job) : shortFromReversed<R, W, form>(job, 0);
-    }
+    constexpr int W = widthFor<R>(order), m = order - log2Of(W);
+    if constexpr (W == 0)
+        return inScalars<R, form, fftOrder, 1 << order>;
+    else if constexpr (m <= 3)
+        return fewRows<R, W, form, fftOrder, 1 << m>;
+    else if constexpr (fftOrder == naturalOrder)
+        return order < matrixFrom ? shortToNatural<R, W, form> : matrixToNatural<R, W, form>;
+    else if constexpr (fftOrder == bitReversedOutput)
+        return order < matrixFrom ? shortToReversed<R, W, form> : matrixToReversed<R, W, form>;
+    else
+        return order < matrixFrom ? shortFromReversed<R, W, form> : matrixFromReversed<R, W, form>;
 }
+
+template <class R>
+using Transform = typename FftKernels<R>::Transform;
+
+// A function for every way to compute, and no common one around them: entering it would take longer than the shortest
+// transforms.
+template <class R, Compute<R> compute>
+void transformBy(FftVector<const R> src, FftVector<R> dst, int, const R* table, R* scratch, R scale)
+{
+    compute({src, dst, table, scratch, scale});
+}
+
+template <class R>
+struct ByOrder {
+    Transform<R> ofOrder[31]; // from 1 on
+};
+template <class R, Form form, FftOrder fftOrder, int... i>
+constexpr ByOrder<R> transformsFor(std::integer_sequence<int, i...>)
+{
+    return {{transformBy<R, computeFor<R, form, fftOrder, i + 1>()>...}};
+}
+template <class R, Form form, FftOrder fftOrder>
+constexpr ByOrder<R> transforms = transformsFor<R, form, fftOrder>(std::make_integer_sequence<int, 31>{});
 
 template <class R, Form form, FftOrder fftOrder>
 void transform(FftVector<const R> src, FftVector<R> dst, int order, const R* table, R* scratch, R scale)
 {
-    const Job<R> job{src, dst, table, scratch, scale};
-    constexpr int native = lanes<R>, least = int(16 / sizeof(R));
-    const int W = job.head().W;
-    if (W == native)
-        return inRegisters<R, native, form, fftOrder>(job);
-    if constexpr (native / 2 >= least)
-        if (W == native / 2)
-            return inRegisters<R, native / 2, form, fftOrder>(job);
-    if constexpr (native / 4 >= least)
-        if (W == native / 4)
-            return inRegisters<R, native / 4, form, fftOrder>(job);
-    switch (order) {
-    case 1: return inScalars<R, form, fftOrder, 2>(job);
-    case 2: return inScalars<R, form, fftOrder, 4>(job);
-    default: return inScalars<R, form, fftOrder, 8>(job);
-    }
+    transforms<R, form, fftOrder>.ofOrder[order - 1](src, dst, order, table, scratch, scale);
 }
 
 template <class R, FftOrder fftOrder>

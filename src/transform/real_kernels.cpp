@@ -5,7 +5,7 @@
 namespace ark::ARK_SET {
 namespace {
 
-// A register of W complex numbers, native or narrower for short transforms.
+// A register of W complex numbers.
 template <class R, int W>
 struct PairsOf {
     typedef R Type __attribute__((vector_size(sizeof(R) * 2 * W)));
@@ -70,22 +70,42 @@ void recombineBy(const R* src, R* dst, std::ptrdiff_t M, const R* table, R sumFa
     }
 }
 
+// The same in scalars. So few elements have just been stored as scalars, and loads of whole registers would have to
+// wait until they are in memory.
+template <class R, int M, bool forward>
+void recombineFew(const R* src, R* dst, const R* table, R sumFactor, R differenceFactor)
+{
+    R x[2 * (M - 1)];
+    ARK_UNROLL
+    for (int i = 0; i < 2 * (M - 1); i++)
+        x[i] = src[i];
+    ARK_UNROLL
+    for (int k = 1; k <= M / 2; k++) {
+        const R *const a = x + 2 * (k - 1), *const b = x + 2 * (M - k - 1);
+        const R cosine = table[2 * (k - 1)], sine = table[2 * (k - 1) + 1];
+        const R sumRe = (a[0] + b[0]) * sumFactor, sumIm = (a[1] - b[1]) * sumFactor;
+        const R re = (a[0] - b[0]) * differenceFactor, im = (a[1] + b[1]) * differenceFactor;
+        const R turnedRe = forward ? sine * re - cosine * im : -(sine * re + cosine * im);
+        const R turnedIm = forward ? sine * im + cosine * re : cosine * re - sine * im;
+        dst[2 * (k - 1)] = sumRe + turnedRe;
+        dst[2 * (k - 1) + 1] = sumIm + turnedIm;
+        dst[2 * (M - k - 1)] = sumRe - turnedRe;
+        dst[2 * (M - k - 1) + 1] = turnedIm - sumIm;
+    }
+}
+
 template <class R, bool forward>
 void recombine(const R* src, R* dst, int order, const R* table, R sumFactor, R differenceFactor)
 {
-    constexpr std::ptrdiff_t native = lanes<R> / 2, least = std::ptrdiff_t(16 / sizeof(R)) / 2;
-    const std::ptrdiff_t M = std::ptrdiff_t{1} << order;
-    if (M >= 2 * native)
-        return recombineBy<R, native, forward>(src, dst, M, table, sumFactor, differenceFactor);
-    if constexpr (native > 2 * least)
-        if (M >= native)
-            return recombineBy<R, native / 2, forward>(src, dst, M, table, sumFactor, differenceFactor);
-    if constexpr (native > least)
-        if (M >= 2 * least)
-            return recombineBy<R, least, forward>(src, dst, M, table, sumFactor, differenceFactor);
-    const R re = src[0], im = src[1]; // M = 2: the element in the middle alone
-    dst[0] = 2 * sumFactor * re;
-    dst[1] = (forward ? 2 : -2) * differenceFactor * im;
+    switch (order) {
+    case 1: return recombineFew<R, 2, forward>(src, dst, table, sumFactor, differenceFactor);
+    case 2: return recombineFew<R, 4, forward>(src, dst, table, sumFactor, differenceFactor);
+    case 3: return recombineFew<R, 8, forward>(src, dst, table, sumFactor, differenceFactor);
+    default: break;
+    }
+    constexpr int W = lanes<R> / 2;
+    static_assert(2 * W <= 1 << 4, "the shortest vectors from here on");
+    recombineBy<R, W, forward>(src, dst, std::ptrdiff_t{1} << order, table, sumFactor, differenceFactor);
 }
 
 template <class R>

@@ -60,8 +60,8 @@ template <bool direction, class R, std::size_t count>
 void realFft(Where at, const TransformKind& kind, const Check (&nulls)[count], const R* src, R* dst,
              SpectrumLayout (*layoutOf)(int order), int order, int flags)
 {
-    Workspace<R> space;
-    if (!ready(at, kind, nulls, order, flags, space))
+    const Workspace<R> space = ready<R>(at, kind, nulls, order, flags);
+    if (!space.isComplete)
         return;
     if (order == 0) {
         if (src == dst)
@@ -138,8 +138,8 @@ void twoSignalsFft(Signals<const R> src, Signals<R> dst, int order, int flags, c
 template <bool direction, class R>
 void twoSignals(Where at, R* x, R* y, int order, int flags)
 {
-    Workspace<R> space;
-    if (ready<R>(at, twoSignalsKind, {{!x, "xSamps==0"}, {!y, "ySamps==0"}}, order, flags, space) && order > 0)
+    const Workspace<R> space = ready<R>(at, twoSignalsKind, {{!x, "xSamps==0"}, {!y, "ySamps==0"}}, order, flags);
+    if (space.isComplete && order > 0)
         twoSignalsFft<direction, R>({x, y}, {x, y}, order, flags, space);
 }
 

@@ -7,6 +7,7 @@
 
 #include <arkpx/transform.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
@@ -49,15 +50,17 @@ inline bool has(int flags, int all) { return (flags & all) == all; }
 }
 
 // The same rules, quickly: one direction, at most one bit order, one layout for each side that is packed.
-inline bool flagsGood(Where at, const TransformKind& kind, int flags)
+inline bool keepsRules(const TransformKind& kind, int flags)
 {
     const auto most = [=](int group) { return (flags & group & ((flags & group) - 1)) == 0; };
     const auto one = [=](int group) { return (flags & group) != 0 && most(group); };
-    if (one(ARK_Forw | ARK_Inv) && (!kind.bitOrder || most(ARK_NoBitRev | ARK_InBitRev | ARK_OutBitRev)) &&
-        (!kind.inPacking || one(ARK_InRCPack | ARK_InRCPerm)) &&
-        (!kind.outPacking || one(ARK_OutRCPack | ARK_OutRCPerm))) [[likely]]
-        return true;
-    return reportFlags(at, kind, flags);
+    return one(ARK_Forw | ARK_Inv) && (!kind.bitOrder || most(ARK_NoBitRev | ARK_InBitRev | ARK_OutBitRev)) &&
+           (!kind.inPacking || one(ARK_InRCPack | ARK_InRCPerm)) &&
+           (!kind.outPacking || one(ARK_OutRCPack | ARK_OutRCPerm));
+}
+inline bool flagsGood(Where at, const TransformKind& kind, int flags)
+{
+    return keepsRules(kind, flags) || reportFlags(at, kind, flags);
 }
 
 inline bool isOrder(int order) { return order >= 0 && order < orders; }
@@ -92,37 +95,66 @@ struct Workspace {
     R* scratch = nullptr;
     const R* recombination = nullptr;
     R* spectrum = nullptr;
+    bool isComplete = false;
 };
 
-// False when there is no memory.
+// What is there already.
+template <class R>
+Workspace<R> present(const TransformKind& kind, int order)
+{
+    Workspace<R> space;
+    const int fftOrder = order - kind.halvings;
+    if (fftOrder < 1) {
+        space.isComplete = true;
+        return space;
+    }
+    const WorkingBuffers& working = context().caches.working;
+    const TransformTables& tables = transformTables<R>();
+    const std::size_t scratch = tables.scratch[fftOrder];
+    space.fft = tables.fft[fftOrder].present<R>();
+    space.isComplete = space.fft != nullptr;
+    if (kind.halvings) {
+        space.recombination = tables.recombination[fftOrder].present<R>();
+        space.isComplete &= space.recombination != nullptr;
+    }
+    if (kind.twoSignals) {
+        space.spectrum = working.spectrum.present<R>(std::size_t{2} << fftOrder);
+        space.isComplete &= space.spectrum != nullptr;
+    }
+    if (scratch) {
+        space.scratch = working.scratch.present<R>(scratch);
+        space.isComplete &= space.scratch != nullptr;
+    }
+    return space;
+}
+
+// Makes what is missing. False when there is no memory.
 template <class R>
 bool obtain(const TransformKind& kind, int order, Workspace<R>& space)
 {
-    const int fftOrder = order - kind.halvings;
-    if (fftOrder < 1)
+    space = present<R>(kind, order);
+    if (space.isComplete)
         return true;
+    const int fftOrder = order - kind.halvings;
     if ((std::uint64_t{2 * sizeof(R)} << fftOrder) > std::uint64_t{PTRDIFF_MAX})
         return false; // nobody can have such an array, and the sizes of the tables would overflow
-    Caches& caches = context().caches;
+    WorkingBuffers& working = context().caches.working;
     TransformTables& tables = transformTables<R>();
     const FftKernels<R>& kernel = kernels<FftKernels<R>>();
-    space.fft = tables.fft[fftOrder].table<R>([&] { return kernel.tableSize(fftOrder); },
-                                              [&](R* table) {
-                                                  kernel.fillTable(fftOrder, table);
-                                                  tables.scratch[fftOrder] = kernel.scratchSize(fftOrder);
-                                              });
-    if (!space.fft)
-        return false;
     const std::size_t N = std::size_t{1} << fftOrder;
-    if (kind.halvings)
-        space.recombination = tables.recombination[fftOrder].table<R>(
-            [=] { return N; }, [=](R* table) { fillRecombinationTable(fftOrder, table); });
-    if (kind.twoSignals)
-        space.spectrum = caches.working.spectrum.buffer<R>(2 * N);
-    if (const std::size_t size = tables.scratch[fftOrder])
-        space.scratch = caches.working.scratch.buffer<R>(size);
-    return (space.recombination || !kind.halvings) && (space.spectrum || !kind.twoSignals) &&
-           (space.scratch || !tables.scratch[fftOrder]);
+    const bool made =
+        tables.fft[fftOrder].table<R>([&] { return kernel.tableSize(fftOrder); },
+                                      [&](R* table) {
+                                          kernel.fillTable(fftOrder, table);
+                                          tables.scratch[fftOrder] = kernel.scratchSize(fftOrder);
+                                      }) &&
+        (!kind.halvings || tables.recombination[fftOrder].table<R>(
+                               [=] { return N; }, [=](R* table) { fillRecombinationTable(fftOrder, table); })) &&
+        (!kind.twoSignals || working.spectrum.buffer<R>(2 * N)) &&
+        (!tables.scratch[fftOrder] || working.scratch.buffer<R>(tables.scratch[fftOrder]));
+    if (made)
+        space = present<R>(kind, order);
+    return made;
 }
 
 // The private tables of this precision give way once: callers hold no pointers to them.
@@ -142,23 +174,55 @@ bool obtainOrReport(Where at, const TransformKind& kind, int order, Workspace<R>
     return obtain(kind, order, space) || obtainAgain(at, kind, order, space);
 }
 
-// The frame of every floating-point transform: true when it is to be computed.
-template <class R, std::size_t count>
-bool ready(Where at, const TransformKind& kind, const Check (&nulls)[count], int order, int flags, Workspace<R>& space)
+// The frame of every floating-point transform, check by check: true when it is to be computed.
+template <class R>
+[[gnu::cold, gnu::noinline]] bool readyAfterChecks(Where at, const TransformKind& kind, const Check* nulls,
+                                                   std::size_t count, int order, int flags)
 {
     if (has(flags, ARK_Free)) {
         release<R>(kind, order);
         return false;
     }
-    return orderGood(at, order) && obtainOrReport(at, kind, order, space) && !has(flags, ARK_Init) &&
-           firstGood(at, nulls) && flagsGood(at, kind, flags);
+    Workspace<R> space;
+    if (!orderGood(at, order) || !obtainOrReport(at, kind, order, space) || has(flags, ARK_Init))
+        return false;
+    for (std::size_t i = 0; i < count; i++)
+        if (!firstGood(at, {nulls[i]}))
+            return false;
+    return flagsGood(at, kind, flags);
+}
+
+// Complete when the transform is to be computed. Short transforms take less time than the checks one by one: a call
+// that has nothing to report and finds everything there is told apart at once.
+template <class R, std::size_t count>
+Workspace<R> ready(Where at, const TransformKind& kind, const Check (&nulls)[count], int order, int flags)
+{
+    Workspace<R> space;
+    if (isOrder(order)) [[likely]]
+        space = present<R>(kind, order);
+    const bool isGood = space.isComplete && statusGood() && !(flags & (ARK_Free | ARK_Init)) && noneFailed(nulls) &&
+                        keepsRules(kind, flags);
+    if (!isGood) [[unlikely]] {
+        const auto copies = std::to_array(nulls);
+        if (!readyAfterChecks<R>(at, kind, copies.data(), count, order, flags))
+            return {};
+        space = present<R>(kind, order);
+    }
+    return space;
 }
 
 // The factor that the flags ask for: 1 or 1/N, exactly.
 template <class R>
+inline constexpr auto negativePowersOfTwo = [] {
+    std::array<R, orders> powers{};
+    for (int i = 0; i < orders; i++)
+        powers[std::size_t(i)] = R(1) / R(std::uint64_t{1} << i);
+    return powers;
+}();
+template <class R>
 R scaleOf(int order, int flags)
 {
-    return has(flags, ARK_Inv) && !has(flags, ARK_NoScale) ? R(1) / R(std::uint64_t{1} << order) : R(1);
+    return has(flags, ARK_Inv) && !has(flags, ARK_NoScale) ? negativePowersOfTwo<R>[std::size_t(order)] : R(1);
 }
 
 template <class Directions>
