@@ -25,7 +25,8 @@
 #error "kernels need at least SSE2"
 #endif
 
-#define ARK_INLINE inline __attribute__((always_inline))
+#define ARK_INLINED __attribute__((always_inline)) // of lambdas
+#define ARK_INLINE inline ARK_INLINED
 
 // Before a loop over the registers of one step: all of it, so that indices become constants.
 #ifdef __clang__

@@ -189,6 +189,72 @@ ARK_INLINE void butterfly(Cplx<V> (&x)[8], R eighth)
     }
 }
 
+// The roots of unity e^(-2 pi i a / N), when compiled.
+template <class R, int N>
+struct ConstantRoots {
+    R re[N], im[N];
+};
+constexpr long double cosineOf(long double angle)
+{
+    long double term = 1, sum = 1;
+    for (int n = 2; n < 40; n += 2) {
+        term *= -angle * angle / (n * (n - 1));
+        sum += term;
+    }
+    return sum;
+}
+template <class R, int N>
+constexpr ConstantRoots<R, N> constantRoots = [] {
+    constexpr long double pi = 3.14159265358979323846264338327950288L;
+    ConstantRoots<R, N> roots{};
+    for (int a = 0; a < N; a++) {
+        const long double angle = 2 * pi * a / N;
+        roots.re[a] = R(cosineOf(angle > pi ? 2 * pi - angle : angle));
+        roots.im[a] = R(-cosineOf(angle > pi / 2 ? angle - pi / 2 : pi / 2 - angle));
+    }
+    return roots;
+}();
+
+// x e^(-2 pi i a / N), a < 3/4 N
+template <int N, class V, class R>
+ARK_INLINE Cplx<V> timesRoot(Cplx<V> x, int a, R eighth)
+{
+    constexpr auto& roots = constantRoots<R, N>;
+    if (a % (N / 4) == N / 8) {
+        const V h = eighth - V{};
+        x = {(x.re + x.im) * h, (x.im - x.re) * h};
+    } else if (a % (N / 4) != 0) {
+        return x * Cplx<V>{roots.re[a] - V{}, roots.im[a] - V{}};
+    }
+    return a >= N / 2 ? Cplx<V>{-x.re, -x.im} : a >= N / 4 ? timesMinusI(x) : x;
+}
+
+// Longer ones as N1 by 4, n = 4 n1 + n2 and k = k1 + N1 k2.
+template <class V, class R, int N>
+ARK_INLINE void butterfly(Cplx<V> (&x)[N], R eighth)
+{
+    constexpr int N1 = N / 4;
+    Cplx<V> y[4][N1];
+    ARK_UNROLL
+    for (int n2 = 0; n2 < 4; n2++) {
+        ARK_UNROLL
+        for (int n1 = 0; n1 < N1; n1++)
+            y[n2][n1] = x[4 * n1 + n2];
+        butterfly(y[n2], eighth);
+    }
+    ARK_UNROLL
+    for (int k1 = 0; k1 < N1; k1++) {
+        Cplx<V> z[4];
+        ARK_UNROLL
+        for (int n2 = 0; n2 < 4; n2++)
+            z[n2] = timesRoot<N>(y[n2][k1], n2 * k1, eighth);
+        butterfly(z, eighth);
+        ARK_UNROLL
+        for (int k2 = 0; k2 < 4; k2++)
+            x[k1 + N1 * k2] = z[k2];
+    }
+}
+
 // ---- memory ----
 
 // How the caller's vectors are read and written. For the inverse transform real and imaginary parts exchange roles on
@@ -252,48 +318,29 @@ struct OuterTarget {
     }
 };
 
-// ... or between passes: row n has its W real parts at re + n stride and its imaginary parts at im + n stride.
-template <class R>
-struct Rows {
-    R *re, *im;
-    std::ptrdiff_t stride;
-};
-template <class R, int W>
-Rows<R> rowsIn(R* memory)
-{
-    return {memory, memory + W, 2 * W};
-}
-template <class R, int W, Form form>
-Rows<R> rowsIn(FftVector<R> vector)
-{
-    if constexpr (form == separateParts)
-        return {vector.re, vector.im, W};
-    else
-        return rowsIn<R, W>(vector.re);
-}
-template <class R, int W>
-struct InnerSource {
-    Rows<R> rows;
-    ARK_INLINE Cplx<Reg<R, W>> operator()(std::ptrdiff_t n) const
-    {
-        return {get<R, W>(rows.re + n * rows.stride), get<R, W>(rows.im + n * rows.stride)};
-    }
-};
-template <class R, int W>
-struct InnerTarget {
-    Rows<R> rows;
-    ARK_INLINE void operator()(std::ptrdiff_t n, Cplx<Reg<R, W>> x) const
-    {
-        put(rows.re + n * rows.stride, x.re);
-        put(rows.im + n * rows.stride, x.im);
-    }
-};
-
 template <class R, int W>
 ARK_INLINE Cplx<Reg<R, W>> getCplx(const R* from)
 {
     return {get<R, W>(from), get<R, W>(from + W)};
 }
+template <class R, int W>
+ARK_INLINE void putCplx(R* to, Cplx<Reg<R, W>> x)
+{
+    put(to, x.re);
+    put(to + W, x.im);
+}
+
+// ... or between passes, W real parts and then W imaginary parts each.
+template <class R, int W>
+struct InnerSource {
+    const R* rows;
+    ARK_INLINE Cplx<Reg<R, W>> operator()(std::ptrdiff_t n) const { return getCplx<R, W>(rows + n * 2 * W); }
+};
+template <class R, int W>
+struct InnerTarget {
+    R* rows;
+    ARK_INLINE void operator()(std::ptrdiff_t n, Cplx<Reg<R, W>> x) const { putCplx<R, W>(rows + n * 2 * W, x); }
+};
 
 // ---- the rows' transforms ----
 
@@ -350,29 +397,46 @@ struct RowsTable {
 // n/r for every p = 0 ... n/r - 1, whose result j is multiplied by w_n^(j p). The table has r - 1 factors for every p.
 // From natural order to bit-reversed order; or, with the passes in the opposite order and the factors before the
 // butterfly, from bit-reversed order to natural order.
+template <class R, int W, int radix, bool toReversed, bool withFactors, class Source, class Target>
+ARK_INLINE void inPlaceButterfly(Source source, Target target, std::ptrdiff_t row, std::ptrdiff_t apart, const R* w,
+                                 R eighth)
+{
+    using V = Reg<R, W>;
+    Cplx<V> x[radix];
+    const auto multiply = [&]() ARK_INLINED {
+        ARK_UNROLL
+        for (int j = 1; j < radix; j++)
+            x[j] = x[j] * Cplx<V>{all<R, W>(w[2 * j - 2]), all<R, W>(w[2 * j - 1])};
+    };
+    ARK_UNROLL
+    for (int t = 0; t < radix; t++)
+        x[toReversed ? t : reversed(t, radix)] = source(row + t * apart);
+    if constexpr (!toReversed && withFactors)
+        multiply();
+    butterfly(x, eighth);
+    if constexpr (toReversed && withFactors)
+        multiply();
+    ARK_UNROLL
+    for (int j = 0; j < radix; j++)
+        target(row + (toReversed ? reversed(j, radix) : j) * apart, x[j]);
+}
 template <class R, int W, int radix, bool toReversed, class Source, class Target>
 ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, RowsTable<R> table)
 {
-    using V = Reg<R, W>;
     const std::ptrdiff_t apart = n / radix;
-    for (std::ptrdiff_t block = 0; block < n * s; block += n)
-        for (std::ptrdiff_t p = 0; p < apart; p++) {
-            const R* w = table.factors + p * 2 * (radix - 1);
-            const auto factor = [&](int j) { return Cplx<V>{all<R, W>(w[2 * j - 2]), all<R, W>(w[2 * j - 1])}; };
-            Cplx<V> x[radix];
-            ARK_UNROLL
-            for (int t = 0; t < radix; t++)
-                x[toReversed ? t : reversed(t, radix)] = source(block + p + t * apart);
-            if (!toReversed && apart > 1)
-                ARK_UNROLL
-            for (int j = 1; j < radix; j++)
-                x[j] = x[j] * factor(j);
-            butterfly(x, table.eighth);
-            ARK_UNROLL
-            for (int j = 0; j < radix; j++)
-                target(block + p + (toReversed ? reversed(j, radix) : j) * apart,
-                       toReversed && apart > 1 && j > 0 ? x[j] * factor(j) : x[j]);
-        }
+    for (std::ptrdiff_t block = 0; block < n * s; block += n) {
+        const R* w = table.factors;
+        for (std::ptrdiff_t row = block; row < block + apart; row++, w += 2 * (radix - 1))
+            inPlaceButterfly<R, W, radix, toReversed, true>(source, target, row, apart, w, table.eighth);
+    }
+}
+// Of transforms as long as the radix: all factors are 1.
+template <class R, int W, int radix, bool toReversed>
+ARK_INLINE void lastButterflies(R* rows, std::ptrdiff_t s, R eighth)
+{
+    for (; s > 0; s--, rows += radix * 2 * W)
+        inPlaceButterfly<R, W, radix, toReversed, false>(InnerSource<R, W>{rows}, InnerTarget<R, W>{rows}, 0, 1, rows,
+                                                         eighth);
 }
 
 template <int i>
@@ -389,39 +453,38 @@ ARK_INLINE void withRadix(int log2Radix, Body body)
     }
 }
 
-template <class R, int W, bool toReversed, class Source, class Target>
-ARK_INLINE void inPlace(int log2Radix, Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s,
-                        RowsTable<R> table)
-{
-    switch (log2Radix) {
-    case 1: return inPlacePass<R, W, 2, toReversed>(source, target, n, s, table);
-    case 2: return inPlacePass<R, W, 4, toReversed>(source, target, n, s, table);
-    default: return inPlacePass<R, W, 8, toReversed>(source, target, n, s, table);
-    }
-}
-
 // The passes are long. They are not inlined, so that all transforms that need one have the same.
 template <class R, int W, bool toReversed>
-[[gnu::noinline]] void innerPass(int log2Radix, Rows<R> rows, std::ptrdiff_t n, std::ptrdiff_t s, RowsTable<R> table)
+[[gnu::noinline]] void innerPass(int log2Radix, R* rows, std::ptrdiff_t n, std::ptrdiff_t s, RowsTable<R> table)
 {
-    inPlace<R, W, toReversed>(log2Radix, InnerSource<R, W>{rows}, InnerTarget<R, W>{rows}, n, s, table);
+    withRadix(log2Radix, [&]<int radix>(Index<radix>) ARK_INLINED {
+        if (n == radix)
+            lastButterflies<R, W, radix, toReversed>(rows, s, table.eighth);
+        else
+            inPlacePass<R, W, radix, toReversed>(InnerSource<R, W>{rows}, InnerTarget<R, W>{rows}, n, s, table);
+    });
 }
 
 // In place in the rows, but for the source of the first pass.
 template <class R, int W, class Source>
-[[gnu::noinline]] void transformRowsToReversed(const Plan& plan, int passes, Source source, Rows<R> rows,
-                                               RowsTable<R> table)
+[[gnu::noinline]] void transformRowsToReversed(const Plan& plan, int passes, Source source, R* rows, RowsTable<R> table)
 {
     std::ptrdiff_t n = std::ptrdiff_t{1} << plan.m, s = 1;
     for (int i = 0; i < passes; i++) {
-        const int radix = 1 << plan.log2Radix[i];
+        const int log2Radix = plan.log2Radix[i];
         if (i == 0)
-            inPlace<R, W, true>(plan.log2Radix[i], source, InnerTarget<R, W>{rows}, n, s, table);
+            withRadix(log2Radix, [&]<int radix>(Index<radix>) ARK_INLINED {
+                const InnerTarget<R, W> target{rows};
+                if (n == radix)
+                    inPlaceButterfly<R, W, radix, true, false>(source, target, 0, 1, table.factors, table.eighth);
+                else
+                    inPlacePass<R, W, radix, true>(source, target, n, s, table);
+            });
         else
-            innerPass<R, W, true>(plan.log2Radix[i], rows, n, s, table);
-        n /= radix;
-        s *= radix;
-        table.factors += n * 2 * (radix - 1);
+            innerPass<R, W, true>(log2Radix, rows, n, s, table);
+        n >>= log2Radix;
+        s <<= log2Radix;
+        table.factors += n * 2 * ((1 << log2Radix) - 1);
     }
 }
 
@@ -441,9 +504,9 @@ ARK_INLINE void lastPass(Source source, Target target, std::ptrdiff_t M, R eight
     }
 }
 
-// In place in the rows, but for the target of the last pass.
+// In place in the rows, but for the target of the last pass, which is not the only one.
 template <class R, int W, class Target>
-[[gnu::noinline]] void transformRowsFromReversed(const Plan& plan, int passes, Rows<R> rows, Target target,
+[[gnu::noinline]] void transformRowsFromReversed(const Plan& plan, int passes, R* rows, Target target,
                                                  RowsTable<R> table)
 {
     table.factors += plan.tableSize;
@@ -453,15 +516,17 @@ template <class R, int W, class Target>
         s >>= plan.log2Radix[i];
     }
     for (int i = passes - 1; i >= 0; i--) {
-        const int radix = 1 << plan.log2Radix[i];
+        const int log2Radix = plan.log2Radix[i];
         if (n > 1)
-            table.factors -= n * 2 * (radix - 1);
-        n *= radix;
-        s /= radix;
+            table.factors -= n * 2 * ((1 << log2Radix) - 1);
+        n <<= log2Radix;
+        s >>= log2Radix;
         if (i == 0)
-            inPlace<R, W, false>(plan.log2Radix[i], InnerSource<R, W>{rows}, target, n, s, table);
+            withRadix(log2Radix, [&]<int radix>(Index<radix>) ARK_INLINED {
+                inPlacePass<R, W, radix, false>(InnerSource<R, W>{rows}, target, n, s, table);
+            });
         else
-            innerPass<R, W, false>(plan.log2Radix[i], rows, n, s, table);
+            innerPass<R, W, false>(log2Radix, rows, n, s, table);
     }
 }
 
@@ -529,10 +594,10 @@ struct Tile {
     alignas(64) R part[2][half][B][2 * W];
 };
 
-// The factors w_N^(l k), the transposition inside blocks, and radix 2 over the upper half of the lanes.
-template <class R, int W, class Source>
-ARK_INLINE void fillTile(Tile<R, W>& tile, Source source, std::ptrdiff_t place, std::ptrdiff_t apart, const R* table,
-                         LaneConstants<R, W> constants)
+// The factors w_N^(l k) of the rows that row(0) to row(W - 1) give, the transposition inside blocks, and radix 2 over
+// the upper half of the lanes.
+template <class R, int W, class Row>
+ARK_INLINE void fillTile(Tile<R, W>& tile, Row row, const R* table, LaneConstants<R, W> constants)
 {
     using V = Reg<R, W>;
     constexpr int P = Tile<R, W>::P, half = Tile<R, W>::half;
@@ -542,7 +607,7 @@ ARK_INLINE void fillTile(Tile<R, W>& tile, Source source, std::ptrdiff_t place, 
         ARK_UNROLL
         for (int r = 0; r < P; r++) {
             const int i = elementOf<P>(group * P + r, W);
-            const Cplx<V> x = source(place + reversed(i, W) * apart) * getCplx<R, W>(table + i * 2 * W);
+            const Cplx<V> x = row(i) * getCplx<R, W>(table + i * 2 * W);
             re[r] = x.re;
             im[r] = x.im;
         }
@@ -593,16 +658,17 @@ ARK_INLINE void emptyTile(const Tile<R, W>& tile, Target target, std::ptrdiff_t 
 // Natural order, from rows in bit-reversed order: for W rows k at a time, the transform over the lanes of each, written
 // where k + M q stands. A tile is filled while the one before it is emptied, so that neither waits for memory.
 template <class R, int W, class Target>
-void lanesToNatural(Rows<R> rows, Target target, std::ptrdiff_t M, const R* table, LaneConstants<R, W> constants)
+void lanesToNatural(const R* rows, Target target, std::ptrdiff_t M, const R* table, LaneConstants<R, W> constants)
 {
     const InnerSource<R, W> source{rows};
-    Tile<R, W> tiles[2];
-    fillTile(tiles[0], source, 0, M / W, table, constants);
     std::ptrdiff_t place = 0;
+    const auto row = [&](int i) ARK_INLINED { return source(place + reversed(i, W) * (M / W)); };
+    Tile<R, W> tiles[2];
+    fillTile(tiles[0], row, table, constants);
     for (std::ptrdiff_t k0 = 0; k0 < M; k0 += W) {
         if (k0 + W < M) {
             place = nextReversed(place, M / W);
-            fillTile(tiles[(k0 / W + 1) % 2], source, place, M / W, table + (k0 + W) * 2 * W, constants);
+            fillTile(tiles[(k0 / W + 1) % 2], row, table + (k0 + W) * 2 * W, constants);
         }
         emptyTile(tiles[k0 / W % 2], target, k0, M, constants.eighth);
     }
@@ -964,7 +1030,7 @@ template <class R, int W, Form form>
 void shortToNatural(const Job<R>& job)
 {
     const Head<R>& head = job.head();
-    const Rows<R> rows = rowsIn<R, W>(job.scratch);
+    R* const rows = job.scratch;
     transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, 0, W}, rows,
                                   head.rowsTable(job.table));
     withTarget<R, W, form>(job.dst, 0, 1, job.scale, [&](auto target) {
@@ -990,7 +1056,28 @@ ARK_INLINE auto blockOf(V v, int block)
     return blockIn(v, block, std::make_index_sequence<placesOf<V>>{});
 }
 
-// So few rows that all of them are in registers.
+// So few rows that no pass over them needs a loop. Whole tiles of them, in natural order:
+template <class R, int W, Form form, int M>
+void fewTiles(const Job<R>& job)
+{
+    const OuterSource<R, W, form> source{job.src, 0, W};
+    const OuterTarget<R, W, form, true> target{job.dst, 0, 1, job.scale};
+    const LaneConstants<R, W> constants{job.table + job.head().constants, job.head().eighth};
+    Cplx<Reg<R, W>> x[M];
+    ARK_UNROLL
+    for (int n = 0; n < M; n++)
+        x[n] = source(n);
+    butterfly(x, constants.eighth);
+    ARK_UNROLL
+    for (int k0 = 0; k0 < M; k0 += W) {
+        Tile<R, W> tile;
+        const auto row = [&](int i) ARK_INLINED { return x[k0 + i]; };
+        fillTile(tile, row, job.table + job.head().lanes + k0 * 2 * W, constants);
+        emptyTile(tile, target, k0, M, constants.eighth);
+    }
+}
+
+// Fewer than a tile, or in another order: in registers.
 template <class R, int W, Form form, FftOrder fftOrder, int M>
 void fewRows(const Job<R>& job)
 {
@@ -1095,24 +1182,28 @@ ARK_INLINE void lanesThenRows(Source source, Target target, std::ptrdiff_t M, co
     }
 }
 
-// The two bit-reversed orders work in place in dst; row r holds what stands at r W. The vector may begin at element
-// first.
+// The two bit-reversed orders have row r where r W stands in the caller's vector, and need no scratch if that can hold
+// rows. The vector may begin at element first.
+template <class R, Form form>
+R* reversedRows(const Job<R>& job, std::ptrdiff_t first)
+{
+    return form == separateParts ? job.scratch : job.dst.re + 2 * first;
+}
 template <class R, int W, Form form>
 void shortToReversedFrom(const Job<R>& job, std::ptrdiff_t first)
 {
     const Head<R>& head = job.head();
     const std::ptrdiff_t M = std::ptrdiff_t{1} << head.plan.m;
-    Rows<R> rows = rowsIn<R, W, form>(job.dst);
-    rows.re += first / W * rows.stride;
-    rows.im += first / W * rows.stride;
+    R* const rows = reversedRows<R, form>(job, first);
     transformRowsToReversed<R, W>(head.plan, head.plan.passes - 1, OuterSource<R, W, form>{job.src, first, W}, rows,
                                   head.rowsTable(job.table));
     const LaneConstants<R, W> constants{job.table + head.constants, head.eighth};
     const R* const factors = job.table + head.lanes;
     const InnerSource<R, W> source{rows};
     withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
-        withRadix(head.plan.log2Radix[head.plan.passes - 1],
-                  [&]<int radix>(Index<radix>) { rowsThenLanes<R, W, radix>(source, target, M, factors, constants); });
+        withRadix(head.plan.log2Radix[head.plan.passes - 1], [&]<int radix>(Index<radix>) ARK_INLINED {
+            rowsThenLanes<R, W, radix>(source, target, M, factors, constants);
+        });
     });
 }
 
@@ -1127,15 +1218,14 @@ void shortFromReversedFrom(const Job<R>& job, std::ptrdiff_t first)
 {
     const Head<R>& head = job.head();
     const std::ptrdiff_t M = std::ptrdiff_t{1} << head.plan.m;
-    Rows<R> rows = rowsIn<R, W, form>(job.dst);
-    rows.re += first / W * rows.stride;
-    rows.im += first / W * rows.stride;
+    R* const rows = reversedRows<R, form>(job, first);
     const LaneConstants<R, W> constants{job.table + head.constants, head.eighth};
     const R* const factors = job.table + head.lanes;
     const OuterSource<R, W, form> source{job.src, first, W};
     const InnerTarget<R, W> inner{rows};
-    withRadix(head.plan.log2Radix[head.plan.passes - 1],
-              [&]<int radix>(Index<radix>) { lanesThenRows<R, W, radix>(source, inner, M, factors, constants); });
+    withRadix(head.plan.log2Radix[head.plan.passes - 1], [&]<int radix>(Index<radix>) ARK_INLINED {
+        lanesThenRows<R, W, radix>(source, inner, M, factors, constants);
+    });
     withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
         transformRowsFromReversed<R, W>(head.plan, head.plan.passes - 1, rows, target, head.rowsTable(job.table));
     });
@@ -1215,7 +1305,7 @@ void matrixToNatural(const Job<R>& job)
     const Head<R>& head = job.head();
     const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
     R* const turned = job.scratch; // [k1 / W][n2][2 W]
-    const Rows<R> rows = rowsIn<R, W>(job.scratch + 2 * N1 * N2);
+    R* const rows = job.scratch + 2 * N1 * N2;
     const InnerSource<R, W> source{rows};
     const MatrixFactors<R, W> factors(job);
     for (std::ptrdiff_t c = 0; c < N2; c += W) {
@@ -1241,13 +1331,14 @@ void matrixToNatural(const Job<R>& job)
         }
     }
     for (std::ptrdiff_t k0 = 0; k0 < N1; k0 += W) {
-        const Rows<R> row = rowsIn<R, W>(turned + k0 * N2 * 2);
+        R* const row = turned + k0 * N2 * 2;
         const InnerSource<R, W> from{row};
         transformRowsToReversed<R, W>(head.restPlan, head.restPlan.passes - 1, from, row,
                                       head.restRowsTable(job.table));
         withTarget<R, W, form>(job.dst, k0, N1, job.scale, [&](auto target) {
-            withRadix(head.restPlan.log2Radix[head.restPlan.passes - 1],
-                      [&]<int radix>(Index<radix>) { lastPass<R, W, radix>(from, target, N2, head.eighth); });
+            withRadix(head.restPlan.log2Radix[head.restPlan.passes - 1], [&]<int radix>(Index<radix>) ARK_INLINED {
+                lastPass<R, W, radix>(from, target, N2, head.eighth);
+            });
         });
     }
 }
@@ -1258,7 +1349,7 @@ void matrixToReversed(const Job<R>& job)
 {
     const Head<R>& head = job.head();
     const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
-    const Rows<R> rows = rowsIn<R, W>(job.scratch);
+    R* const rows = job.scratch;
     const InnerSource<R, W> source{rows};
     const MatrixFactors<R, W> factors(job);
     for (std::ptrdiff_t c = 0; c < N2; c += W) {
@@ -1269,7 +1360,7 @@ void matrixToReversed(const Job<R>& job)
     }
     const FftVector<const R> between{job.dst.re, job.dst.im};
     for (std::ptrdiff_t row = 0; row < N1; row++)
-        shortToReversedFrom<R, W, form>({between, job.dst, job.table + head.inner, nullptr, job.scale}, row * N2);
+        shortToReversedFrom<R, W, form>({between, job.dst, job.table + head.inner, job.scratch, job.scale}, row * N2);
 }
 
 // Bit-reversed input: the opposite.
@@ -1279,8 +1370,8 @@ void matrixFromReversed(const Job<R>& job)
     const Head<R>& head = job.head();
     const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
     for (std::ptrdiff_t row = 0; row < N1; row++)
-        shortFromReversedFrom<R, W, form>({job.src, job.dst, job.table + head.inner, nullptr, 1}, row * N2);
-    const Rows<R> rows = rowsIn<R, W>(job.scratch);
+        shortFromReversedFrom<R, W, form>({job.src, job.dst, job.table + head.inner, job.scratch, 1}, row * N2);
+    R* const rows = job.scratch;
     const InnerTarget<R, W> inner{rows};
     const MatrixFactors<R, W> factors(job);
     for (std::ptrdiff_t c = 0; c < N2; c += W) {
@@ -1310,6 +1401,11 @@ void inScalars(const Job<R>& job)
     }
 }
 
+// Up to 2^4 or 2^5 rows one straight piece of code is quicker than passes over them. The intermediate results of 32
+// rows of 64 bytes would lie 4 KiB apart on the stack, where processors take loads for dependent on stores.
+template <class R, int W>
+constexpr int longestFewTiles = W * sizeof(R) < 64 ? 5 : 4;
+
 template <class R>
 using Compute = void (*)(const Job<R>& job);
 
@@ -1319,6 +1415,8 @@ constexpr Compute<R> computeFor()
     constexpr int W = widthFor<R>(order), m = order - log2Of(W);
     if constexpr (W == 0)
         return inScalars<R, form, fftOrder, 1 << order>;
+    else if constexpr (fftOrder == naturalOrder && m <= longestFewTiles<R, W> && (1 << m) % W == 0)
+        return fewTiles<R, W, form, 1 << m>;
     else if constexpr (m <= 3)
         return fewRows<R, W, form, fftOrder, 1 << m>;
     else if constexpr (fftOrder == naturalOrder)
