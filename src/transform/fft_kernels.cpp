@@ -363,7 +363,7 @@ ARK_INLINE std::ptrdiff_t nextReversed(std::ptrdiff_t place, std::ptrdiff_t coun
     return place | bit;
 }
 
-// The radices of the transform of 2^m rows, and the size of their table: of every pass but the last.
+// The radices of the transform of 2^m rows, m >= 2, and the size of their table: of every pass but the last.
 struct Plan {
     int m, passes;
     int log2Radix[12];
@@ -374,8 +374,7 @@ struct Plan {
         Plan plan{m, 0, {}, 0};
         std::ptrdiff_t rows = std::ptrdiff_t{1} << m;
         for (int left = m; left > 0;) {
-            // 8 as often as possible; no 2 but for want of anything else.
-            const int log2Radix = left == 4 || left == 2 || (left > 1 && left % 3 == 1) ? 2 : left < 3 ? left : 3;
+            const int log2Radix = left == 2 || left % 3 == 1 ? 2 : 3; // 8 as often as possible
             plan.log2Radix[plan.passes++] = log2Radix;
             left -= log2Radix;
             rows >>= log2Radix;
@@ -446,11 +445,10 @@ struct Index {};
 template <class Body>
 ARK_INLINE void withRadix(int log2Radix, Body body)
 {
-    switch (log2Radix) {
-    case 1: return body(Index<2>{});
-    case 2: return body(Index<4>{});
-    default: return body(Index<8>{});
-    }
+    if (log2Radix == 2)
+        body(Index<4>{});
+    else
+        body(Index<8>{});
 }
 
 // The passes are long. They are not inlined, so that all transforms that need one have the same.
@@ -465,7 +463,7 @@ template <class R, int W, bool toReversed>
     });
 }
 
-// In place in the rows, but for the source of the first pass.
+// In place in the rows, but for the source of the first pass, which is not the only one.
 template <class R, int W, class Source>
 [[gnu::noinline]] void transformRowsToReversed(const Plan& plan, int passes, Source source, R* rows, RowsTable<R> table)
 {
@@ -474,11 +472,7 @@ template <class R, int W, class Source>
         const int log2Radix = plan.log2Radix[i];
         if (i == 0)
             withRadix(log2Radix, [&]<int radix>(Index<radix>) ARK_INLINED {
-                const InnerTarget<R, W> target{rows};
-                if (n == radix)
-                    inPlaceButterfly<R, W, radix, true, false>(source, target, 0, 1, table.factors, table.eighth);
-                else
-                    inPlacePass<R, W, radix, true>(source, target, n, s, table);
+                inPlacePass<R, W, radix, true>(source, InnerTarget<R, W>{rows}, n, s, table);
             });
         else
             innerPass<R, W, true>(log2Radix, rows, n, s, table);
@@ -734,6 +728,29 @@ ARK_INLINE void transformLanes(Cplx<Reg<R, W>> (&x)[count], LaneConstants<R, W> 
         }
     } else if constexpr (W == 2) {
         laneStage<R, W, 1>(x);
+    } else if constexpr (W == placesOf<Reg<R, W>>) {
+        // As many registers as a register has lanes: transposed, they are a butterfly. Lanes are in their own order
+        // here.
+        Reg<R, W> re[W], im[W];
+        const auto turn = [&](bool isReversed) ARK_INLINED {
+            ARK_UNROLL
+            for (int i = 0; i < W; i++) {
+                re[i] = x[isReversed ? reversed(i, W) : i].re;
+                im[i] = x[isReversed ? reversed(i, W) : i].im;
+            }
+            transposeInBlocks(re);
+            transposeInBlocks(im);
+        };
+        const auto putBack = [&](bool isReversed) ARK_INLINED {
+            ARK_UNROLL
+            for (int i = 0; i < W; i++)
+                x[isReversed ? reversed(i, W) : i] = {re[i], im[i]};
+        };
+        turn(false);
+        putBack(!toReversed);
+        butterfly(x, constants.eighth);
+        turn(toReversed);
+        putBack(false);
     } else if constexpr (W == 4) {
         twoLaneStages<R, W, toReversed, 2>(x);
     } else {
@@ -1417,7 +1434,7 @@ constexpr Compute<R> computeFor()
         return inScalars<R, form, fftOrder, 1 << order>;
     else if constexpr (fftOrder == naturalOrder && m <= longestFewTiles<R, W> && (1 << m) % W == 0)
         return fewTiles<R, W, form, 1 << m>;
-    else if constexpr (m <= 3)
+    else if constexpr (m <= 3 || (m == 4 && fftOrder != naturalOrder))
         return fewRows<R, W, form, fftOrder, 1 << m>;
     else if constexpr (fftOrder == naturalOrder)
         return order < matrixFrom ? shortToNatural<R, W, form> : matrixToNatural<R, W, form>;
