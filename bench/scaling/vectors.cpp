@@ -45,7 +45,7 @@ const bench::Family vectors{
                  {"arkpx", [=] { arkcbMpy3(a, b, dst, n); }},
                  {"loop", [=] { plain::eachApart(product, n, dst, a, b); }},
                  VOLK(volk_32fc_x2_multiply_32fc(volkCplx(dst), volkCplx(a), volkCplx(b), unsigned(n)))};
-         }, sizes},
+         }, fewer},
         {"float to 16-bit", 6,
          [](int n) {
              const Array<float> src(n, loud);
