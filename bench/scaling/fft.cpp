@@ -12,7 +12,7 @@ using bench::Array, bench::Contenders, bench::noise;
 
 constexpr int lastMeasured = 1 << 19; // to measure plans of more takes FFTW many seconds
 
-int orderOf(int n) { return std::bit_width(unsigned(n)) - 1; }
+int orderOf(int n) { return int(std::bit_width(unsigned(n))) - 1; }
 
 std::vector<int> upTo(int last)
 {
