@@ -4,6 +4,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -17,6 +18,8 @@ namespace {
 
 constexpr int bandwidthSize = 100000; // elements from which on the bandwidth is shown
 constexpr int longestJudged = 65536;  // elements up to which the error is: references are slow
+constexpr double rowTime = 0.6;       // seconds that a row's repetitions may take, if they are not the fewest
+constexpr int fewestRepetitions = 3;
 
 std::vector<const Family*>& families()
 {
@@ -28,6 +31,7 @@ struct Options {
     const char* kernels = "";
     const char* only = "";
     std::size_t offset = 0;
+    int repetitions = 25;
 } options;
 
 // The minimum and the scatter of a contender's repetitions, in nanoseconds a call, and how exact it was.
@@ -58,22 +62,34 @@ public:
     }
 };
 
+double secondsOf(const std::function<void()>& run)
+{
+    const auto begin = std::chrono::steady_clock::now();
+    run();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
 // Every contender's result, in their order.
 std::vector<Result> measure(const Contenders& contenders, bool judge)
 {
     std::vector<std::string> errors;
     Collector collector;
     benchmark::ClearRegisteredBenchmarks();
-    for (std::size_t i = 0; i < contenders.size(); i++) {
-        contenders[i].run(); // what happens once only is not measured
+    double once = 0;
+    for (const Contender& contender : contenders) {
+        contender.run(); // what happens once only is not measured
         errors.push_back(judge && contenders.error ? textOf(contenders.error()) : "");
+        once += secondsOf(contender.run);
+    }
+    const int repetitions = std::clamp(int(rowTime / once), fewestRepetitions, options.repetitions);
+    for (std::size_t i = 0; i < contenders.size(); i++) {
         benchmark::RegisterBenchmark(std::to_string(i).c_str(), [&, i](benchmark::State& state) {
             const std::function<void()>& run = contenders[i].run;
             for (auto _ : state) {
                 run();
                 benchmark::ClobberMemory();
             }
-        });
+        })->Repetitions(repetitions);
     }
     benchmark::RunSpecifiedBenchmarks(&collector, ".");
 
@@ -100,6 +116,23 @@ std::vector<std::string> columnsOf(const Family& family)
     return columns;
 }
 
+// Bytes that may be had without making the machine swap; 0: unknown.
+double availableMemory()
+{
+    std::ifstream info("/proc/meminfo");
+    for (std::string line; std::getline(info, line);)
+        if (line.rfind("MemAvailable:", 0) == 0)
+            return 1024 * std::strtod(line.c_str() + std::strlen("MemAvailable:"), nullptr);
+    return 0;
+}
+
+// Arrays, and as much again for tables, working memory and copies.
+bool fits(const Case& work, int n)
+{
+    const double available = availableMemory();
+    return available == 0 || 2 * work.bytes * n < 0.8 * available;
+}
+
 void printRow(const Case& work, int n, const std::vector<std::string>& columns)
 {
     stagger = 0;
@@ -119,10 +152,11 @@ void printRow(const Case& work, int n, const std::vector<std::string>& columns)
     const double spread = std::max(ours.spread, peers.spread);
     spreads.push_back(spread);
 
-    std::printf("| %-36s | %7d |", work.name, n);
+    const double elements = work.elements ? work.elements(n) : n;
+    std::printf("| %-36s | %9d |", work.name, n);
     for (const std::string& column : columns)
         if (const auto entry = best.find(column); entry != best.end())
-            std::printf(" %7.4f |", entry->second.least / n);
+            std::printf(" %7.4f |", entry->second.least / elements);
         else
             std::printf(" %7s |", "");
     if (peers.least > 0)
@@ -150,17 +184,22 @@ void printTable(const Family& family)
         head.append(8 - std::min<std::size_t>(7, column.size()), ' ').append(column).append(" |");
         rule += "--------:|";
     }
-    std::printf("\n## %s\n\nNanoseconds an element; ratio: %s to the fastest peer; error: of %s and of that peer.\n\n",
-                family.name, own, own);
+    std::printf("\n## %s\n\nNanoseconds %s; ratio: %s to the fastest peer; error: of %s and of that peer.\n\n",
+                family.name, family.unit, own, own);
     const char* const rate = family.cases.front().operations ? "Gop/s" : "GB/s";
-    std::printf("| %-36s | %7s |%s %5s | %5s | %9s | %9s | %6s |\n", "", "n", head.c_str(), "ratio", rate, "error",
+    std::printf("| %-36s | %9s |%s %5s | %5s | %9s | %9s | %6s |\n", "", "n", head.c_str(), "ratio", rate, "error",
                 "its error", "spread");
-    std::printf("|%s|--------:|%s------:|------:|----------:|----------:|-------:|\n", std::string(38, '-').c_str(),
+    std::printf("|%s|----------:|%s------:|------:|----------:|----------:|-------:|\n", std::string(38, '-').c_str(),
                 rule.c_str());
     for (const Case& work : family.cases)
-        if (chosen(work))
-            for (const int n : work.sizes)
+        for (const int n : work.sizes) {
+            if (!chosen(work))
+                continue;
+            if (fits(work, n))
                 printRow(work, n, columns);
+            else
+                std::fprintf(stderr, "%s, %d: left out, for want of memory\n", work.name, n);
+        }
 }
 
 std::string processor()
@@ -191,7 +230,7 @@ int usage(const char* program)
 {
     std::fprintf(stderr,
                  "usage: %s [--kernels=sse2|avx2|avx512] [--only=PART-OF-A-NAME] [--offset=BYTES]\n"
-                 "       [--benchmark_repetitions=N] [--benchmark_min_time=SECONDS]\n",
+                 "       [--repetitions=N] [--benchmark_min_time=SECONDS]\n",
                  program);
     return 2;
 }
@@ -200,8 +239,7 @@ int run(int argc, char** argv)
 {
     // What comes later wins.
     std::vector<char*> arguments{argv[0]};
-    std::string defaults[] = {"--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=25",
-                              "--benchmark_min_time=0.002"};
+    std::string defaults[] = {"--benchmark_enable_random_interleaving=true", "--benchmark_min_time=0.002"};
     for (std::string& argument : defaults)
         arguments.push_back(argument.data());
     for (int i = 1; i < argc; i++)
@@ -211,6 +249,8 @@ int run(int argc, char** argv)
             options.only = value;
         else if ((value = valueOf(argv[i], "--offset=")))
             options.offset = std::strtoul(value, nullptr, 10);
+        else if ((value = valueOf(argv[i], "--repetitions=")))
+            options.repetitions = std::max(fewestRepetitions, std::atoi(value));
         else
             arguments.push_back(argv[i]);
     int count = int(arguments.size());
@@ -239,7 +279,10 @@ int run(int argc, char** argv)
 
 } // namespace
 
-Family::Family(const char* familyName, std::vector<Case> familyCases) : name{familyName}, cases{std::move(familyCases)}
+Family::Family(const char* familyName, std::vector<Case> familyCases, const char* unitOfTimes)
+    : name{familyName},
+      unit{unitOfTimes},
+      cases{std::move(familyCases)}
 {
     families().push_back(this);
 }

@@ -57,15 +57,17 @@ struct Case {
     std::function<Contenders(int n)> prepare; // makes arrays of n elements and whatever else a contender needs
     std::vector<int> sizes{1, 64, 1024, 1000000};
     double (*operations)(int n) =
-        nullptr; // floating-point ones of the whole work: shown as a rate in place of the bytes
+        nullptr;                         // floating-point ones of the whole work: shown as a rate in place of the bytes
+    double (*elements)(int n) = nullptr; // what a time is divided by where that is not n
 };
 
 // One table of results. Enters itself into the program's list.
 class Family {
 public:
-    Family(const char* name, std::vector<Case> cases);
+    Family(const char* name, std::vector<Case> cases, const char* unit = "an element");
 
     const char* name;
+    const char* unit; // what the times are of
     std::vector<Case> cases;
 };
 

@@ -1,11 +1,9 @@
 // Convolution of a long operand with a short one: the operand's length is n, the filter's the case's.
 #include "accuracy.hpp"
 #include "driver.hpp"
-#include "peers/fftw.hpp"
+#include "peers/convolution.hpp"
 
 #include <arkpx.h>
-
-#include <cstring>
 
 namespace {
 
@@ -13,93 +11,13 @@ using bench::Array, bench::Case, bench::Contender, bench::Contenders, bench::noi
 
 FloatCplx complexNoise() { return {float(noise()), float(noise())}; }
 
-// Sums in y, one element of the filter after the other over as much of y as stays in the cache.
-inline void addProduct(float& sum, float a, float b) { sum += a * b; }
-inline void addProduct(double& sum, double a, double b) { sum += a * b; }
-inline void addProduct(FloatCplx& sum, FloatCplx a, FloatCplx b)
-{
-    sum.re += a.re * b.re - a.im * b.im;
-    sum.im += a.re * b.im + a.im * b.re;
-}
-
-template <class T>
-void plainConvolution(const T* __restrict x, int len, const T* __restrict h, int n, T* __restrict y)
-{
-    constexpr int tile = 1024;
-    for (int from = 0; from < len + n - 1; from += tile) {
-        const int to = std::min(from + tile, len + n - 1);
-        std::fill(y + from, y + to, T{});
-        for (int i = 0; i < n; i++)
-            for (int k = std::max(from, i), end = std::min(to, len + i); k < end; k++)
-                addProduct(y[k], h[i], x[k - i]);
-    }
-}
-
-#if ARKPX_BENCH_FFTW
-// Overlap-save with real transforms of a size that the caller chooses; the filter's spectrum is computed in every call,
-// as the library has to.
-template <class R>
-class FftwConvolution {
-public:
-    FftwConvolution(int size, int n)
-        : size_{size},
-          n_{n},
-          signal_(size),
-          filter_(size),
-          spectrum_(size + 2),
-          filterSpectrum_(size + 2),
-          forward_{bench::fftwReal(signal_.data(), spectrum_.data(), size)},
-          forwardFilter_{bench::fftwReal(filter_.data(), filterSpectrum_.data(), size)},
-          inverse_{bench::fftwInverseReal(spectrum_.data(), signal_.data(), size)}
-    {}
-    void run(const R* x, int len, const R* h, R* y) const
-    {
-        const int hop = size_ - n_ + 1, M = len + n_ - 1;
-        std::copy_n(h, n_, filter_.data());
-        std::fill(filter_.data() + n_, filter_.data() + size_, R(0));
-        forwardFilter_();
-        for (int done = 0; done < M; done += hop) {
-            const int from = std::max(done - n_ + 1, 0), to = std::min(done + hop, len), front = from - (done - n_ + 1);
-            std::fill_n(signal_.data(), front, R(0));
-            std::copy(x + from, x + to, signal_.data() + front);
-            std::fill(signal_.data() + front + to - from, signal_.data() + size_, R(0));
-            forward_();
-            R* const a = spectrum_;
-            const R* const b = filterSpectrum_;
-            const R scale = R(1) / R(size_);
-            for (int k = 0; k <= size_; k += 2) {
-                const R re = a[k] * b[k] - a[k + 1] * b[k + 1], im = a[k] * b[k + 1] + a[k + 1] * b[k];
-                a[k] = re * scale;
-                a[k + 1] = im * scale;
-            }
-            inverse_();
-            std::copy_n(signal_.data() + n_ - 1, std::min(hop, M - done), y + done);
-        }
-    }
-
-private:
-    int size_, n_;
-    Array<R> signal_, filter_, spectrum_, filterSpectrum_;
-    std::function<void()> forward_, forwardFilter_, inverse_;
-};
-#endif
-
 template <class R>
 Contenders real(void (*ours)(const R*, int, const R*, int, R*), int len, int n)
 {
     const Array<R> x(len, noise), h(n, noise), y(len + n - 1);
     Contenders contenders{{"arkpx", [=] { ours(x, len, h, n, y); }},
-                          {"direct loop", [=] { plainConvolution<R>(x, len, h, n, y); }}};
-#if ARKPX_BENCH_FFTW
-    // The best of four sizes counts.
-    int size = 64;
-    while (size < 2 * n)
-        size *= 2;
-    for (int i = 0; i < 4 && size / 2 < len + n - 1; i++, size *= 2) {
-        const auto convolution = std::make_shared<FftwConvolution<R>>(size, n);
-        contenders.push_back({"FFTW", [=] { convolution->run(x, len, h, y); }});
-    }
-#endif
+                          {"direct loop", [=] { bench::plainConvolution<R>(x, len, h, n, y); }}};
+    bench::addFftwConvolutions<R>(contenders, x, len, h, n, y);
     return std::move(contenders).judgedBy(bench::relativeError(y.data(), len + n - 1, [=] {
         std::vector<long double> sums(std::size_t(len + n - 1));
         for (int i = 0; i < n; i++)
@@ -123,7 +41,7 @@ Case complexes(const char* name, int n, std::vector<int> lengths)
             [=](int len) {
                 const Array<FloatCplx> x(len, complexNoise), h(n, complexNoise), y(len + n - 1);
                 return Contenders{{"arkpx", [=] { arkcConv(x, len, h, n, y); }},
-                                  {"direct loop", [=] { plainConvolution<FloatCplx>(x, len, h, n, y); }}};
+                                  {"direct loop", [=] { bench::plainConvolution<FloatCplx>(x, len, h, n, y); }}};
             },
             std::move(lengths)};
 }

@@ -1,4 +1,5 @@
-// FFTW: FFTW(run) is its contender, or nothing where it is absent. Plans are made with MEASURE.
+// FFTW: FFTW(run) is its contender, or nothing where it is absent. Plans are made with MEASURE, if nothing else is
+// asked for.
 #pragma once
 
 #include "driver.hpp"
@@ -34,42 +35,42 @@ std::function<void()> running(Plan plan, Destroy destroy, Execute execute)
     return [=] { execute(owner.get()); };
 }
 
-inline std::function<void()> fftwCplx(float* in, float* out, int n, int sign)
+inline std::function<void()> fftwCplx(float* in, float* out, int n, int sign, unsigned how = FFTW_MEASURE)
 {
     const Kept kept(in, 2 * n);
-    return running(fftwf_plan_dft_1d(n, reinterpret_cast<fftwf_complex*>(in), reinterpret_cast<fftwf_complex*>(out),
-                                     sign, FFTW_MEASURE),
-                   fftwf_destroy_plan, fftwf_execute);
+    return running(
+        fftwf_plan_dft_1d(n, reinterpret_cast<fftwf_complex*>(in), reinterpret_cast<fftwf_complex*>(out), sign, how),
+        fftwf_destroy_plan, fftwf_execute);
 }
-inline std::function<void()> fftwCplx(double* in, double* out, int n, int sign)
+inline std::function<void()> fftwCplx(double* in, double* out, int n, int sign, unsigned how = FFTW_MEASURE)
 {
     const Kept kept(in, 2 * n);
-    return running(fftw_plan_dft_1d(n, reinterpret_cast<fftw_complex*>(in), reinterpret_cast<fftw_complex*>(out), sign,
-                                    FFTW_MEASURE),
-                   fftw_destroy_plan, fftw_execute);
+    return running(
+        fftw_plan_dft_1d(n, reinterpret_cast<fftw_complex*>(in), reinterpret_cast<fftw_complex*>(out), sign, how),
+        fftw_destroy_plan, fftw_execute);
 }
-inline std::function<void()> fftwReal(float* in, float* out, int n)
+inline std::function<void()> fftwReal(float* in, float* out, int n, unsigned how = FFTW_MEASURE)
 {
     const Kept kept(in, n);
-    return running(fftwf_plan_dft_r2c_1d(n, in, reinterpret_cast<fftwf_complex*>(out), FFTW_MEASURE),
-                   fftwf_destroy_plan, fftwf_execute);
+    return running(fftwf_plan_dft_r2c_1d(n, in, reinterpret_cast<fftwf_complex*>(out), how), fftwf_destroy_plan,
+                   fftwf_execute);
 }
-inline std::function<void()> fftwReal(double* in, double* out, int n)
+inline std::function<void()> fftwReal(double* in, double* out, int n, unsigned how = FFTW_MEASURE)
 {
     const Kept kept(in, n);
-    return running(fftw_plan_dft_r2c_1d(n, in, reinterpret_cast<fftw_complex*>(out), FFTW_MEASURE), fftw_destroy_plan,
+    return running(fftw_plan_dft_r2c_1d(n, in, reinterpret_cast<fftw_complex*>(out), how), fftw_destroy_plan,
                    fftw_execute);
 }
-inline std::function<void()> fftwInverseReal(float* in, float* out, int n)
+inline std::function<void()> fftwInverseReal(float* in, float* out, int n, unsigned how = FFTW_MEASURE)
 {
     const Kept kept(in, n + 2);
-    return running(fftwf_plan_dft_c2r_1d(n, reinterpret_cast<fftwf_complex*>(in), out, FFTW_MEASURE),
-                   fftwf_destroy_plan, fftwf_execute);
+    return running(fftwf_plan_dft_c2r_1d(n, reinterpret_cast<fftwf_complex*>(in), out, how), fftwf_destroy_plan,
+                   fftwf_execute);
 }
-inline std::function<void()> fftwInverseReal(double* in, double* out, int n)
+inline std::function<void()> fftwInverseReal(double* in, double* out, int n, unsigned how = FFTW_MEASURE)
 {
     const Kept kept(in, n + 2);
-    return running(fftw_plan_dft_c2r_1d(n, reinterpret_cast<fftw_complex*>(in), out, FFTW_MEASURE), fftw_destroy_plan,
+    return running(fftw_plan_dft_c2r_1d(n, reinterpret_cast<fftw_complex*>(in), out, how), fftw_destroy_plan,
                    fftw_execute);
 }
 
