@@ -885,7 +885,7 @@ constexpr int widthFor(int order)
 
 // From this order on the vector is a matrix: columns, whose rows are far apart, are transformed W at a time, and then
 // its rows, or the opposite. What is transformed at a time stays in the cache, and the tables are short.
-constexpr int matrixFrom = 17;
+constexpr int matrixFrom = 20;
 
 // What stands at the beginning of the table of one order, and where the rest of it stands, in reals from there.
 template <class R>
