@@ -85,15 +85,20 @@ ARK_INLINE void storePiece(unsigned char* to, Piece piece)
     __builtin_memcpy(to, &piece, sizeof piece);
 }
 
-// The first n lanes, 0 < n < lanes<T>: nothing behind them is touched; the other lanes load as zero. Without masks the
-// register is put together, and taken apart, in pieces of falling powers of two.
+// A register of zeros, then one of ones: from the middle on backwards, as many zeros as wanted.
+[[maybe_unused]] alignas(64) constexpr Bits zerosThenOnes[]{Bits{}, ~Bits{}};
+
+// The first n lanes, 0 < n < lanes<T>: nothing behind them is touched; the other lanes load as those of behind. Without
+// masks the register is put together, and taken apart, in pieces of falling powers of two.
 template <class T>
-ARK_INLINE Vec<T> loadPart(const T* elements, std::ptrdiff_t n)
+ARK_INLINE Vec<T> loadPart(const T* elements, std::ptrdiff_t n, Vec<T> behind = Vec<T>{})
 {
     const std::size_t bytes = std::size_t(n) * sizeof(T);
 #if ARK_AVX512
-    return (Vec<T>)_mm512_maskz_loadu_epi8(~0ull >> (64 - bytes), elements);
+    return (Vec<T>)_mm512_mask_loadu_epi8((Bits)behind, ~0ull >> (64 - bytes), elements);
 #else
+    const auto* edge = reinterpret_cast<const unsigned char*>(zerosThenOnes + 1) - bytes;
+    const Bits others = loadPiece<Bits>(edge) & (Bits)behind; // nothing is computed for zeros
     const auto* from = reinterpret_cast<const unsigned char*>(elements + n);
     unsigned few = 0;
     if (sizeof(T) <= 1 && (bytes & 1))
@@ -106,10 +111,11 @@ ARK_INLINE Vec<T> loadPart(const T* elements, std::ptrdiff_t n)
     if (bytes & 8)
         v = _mm_unpacklo_epi64(_mm_loadl_epi64(reinterpret_cast<const __m128i_u*>(from -= 8)), v);
 #if ARK_AVX2
-    return (Vec<T>)(bytes & 16 ? _mm256_set_m128i(v, loadPiece<__m128i>(from - 16)) : _mm256_zextsi128_si256(v));
+    const Bits all = bytes & 16 ? _mm256_set_m128i(v, loadPiece<__m128i>(from - 16)) : _mm256_zextsi128_si256(v);
 #else
-    return (Vec<T>)v;
+    const Bits all = v;
 #endif
+    return (Vec<T>)(all | others);
 #endif
 }
 
@@ -162,14 +168,14 @@ struct Part {
 };
 
 template <class T>
-ARK_INLINE Vec<T> load(const T* from, Whole)
+ARK_INLINE Vec<T> load(const T* from, Whole, Vec<T> = Vec<T>{})
 {
     return load(from);
 }
 template <class T>
-ARK_INLINE Vec<T> load(const T* from, Part part)
+ARK_INLINE Vec<T> load(const T* from, Part part, Vec<T> behind = Vec<T>{})
 {
-    return loadPart(from, part.count);
+    return loadPart(from, part.count, behind);
 }
 template <class T>
 ARK_INLINE void store(T* to, Vec<T> v, Whole)
@@ -208,13 +214,13 @@ ARK_INLINE void downwards(const T* dst, std::ptrdiff_t n, Body body)
         body(0, Part{n});
 }
 
-// dst[i] = f(src[i]) for n lanes, from the last to the first. Where a part of a register is left, f sees zeros behind
-// it.
+// dst[i] = f(src[i]) for n lanes, from the last to the first. Where a part of a register is left, f sees the lanes of
+// behind after it.
 template <class T, class Function>
-ARK_INLINE void eachLane(const T* src, T* dst, std::ptrdiff_t n, Function f)
+ARK_INLINE void eachLane(const T* src, T* dst, std::ptrdiff_t n, Function f, Vec<T> behind = Vec<T>{})
 {
-    downwards<lanes<T>, 1, true>(dst, n,
-                                 [=](std::ptrdiff_t i, auto reach) { store(dst + i, f(load(src + i, reach)), reach); });
+    downwards<lanes<T>, 1, true>(
+        dst, n, [=](std::ptrdiff_t i, auto reach) { store(dst + i, f(load(src + i, reach, behind)), reach); });
 }
 
 // ---- constants and permutations ----
@@ -760,6 +766,31 @@ ARK_INLINE Lanes32<double> fromInts<double>(Vec<int> v)
 #else
     return {
         {(Vec<double>)_mm_cvtepi32_pd((Bits)v), (Vec<double>)_mm_cvtepi32_pd(_mm_unpackhi_epi64((Bits)v, (Bits)v))}};
+#endif
+}
+
+// Floats as doubles, and back, rounded.
+ARK_INLINE Lanes32<double> fromFloats(Vec<float> v)
+{
+#if ARK_AVX512
+    const __m256 high = (__m256)_mm512_extractf64x4_pd((__m512d)v, 1);
+    return {{(Vec<double>)_mm512_cvtps_pd(_mm512_castps512_ps256((__m512)v)), (Vec<double>)_mm512_cvtps_pd(high)}};
+#elif ARK_AVX2
+    return {{(Vec<double>)_mm256_cvtps_pd(_mm256_castps256_ps128((__m256)v)),
+             (Vec<double>)_mm256_cvtps_pd(_mm256_extractf128_ps((__m256)v, 1))}};
+#else
+    return {{(Vec<double>)_mm_cvtps_pd((__m128)v), (Vec<double>)_mm_cvtps_pd(_mm_movehl_ps((__m128)v, (__m128)v))}};
+#endif
+}
+ARK_INLINE Vec<float> toFloats(Lanes32<double> x)
+{
+#if ARK_AVX512
+    const __m512d low = _mm512_castpd256_pd512((__m256d)_mm512_cvtpd_ps((__m512d)x.part[0]));
+    return (Vec<float>)_mm512_insertf64x4(low, (__m256d)_mm512_cvtpd_ps((__m512d)x.part[1]), 1);
+#elif ARK_AVX2
+    return (Vec<float>)_mm256_set_m128(_mm256_cvtpd_ps((__m256d)x.part[1]), _mm256_cvtpd_ps((__m256d)x.part[0]));
+#else
+    return (Vec<float>)_mm_movelh_ps(_mm_cvtpd_ps((__m128d)x.part[0]), _mm_cvtpd_ps((__m128d)x.part[1]));
 #endif
 }
 

@@ -190,7 +190,9 @@ struct ShortExp {
 template <class Function, class T>
 void each(const T* src, T* dst, std::ptrdiff_t n)
 {
-    eachLane(src, dst, n, [](Vec<T> x) { return Function::apply(x); });
+    // Ones are ordinary numbers to both functions.
+    eachLane(
+        src, dst, n, [](Vec<T> x) { return Function::apply(x); }, broadcast(T(1)));
 }
 
 } // namespace
