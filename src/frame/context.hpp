@@ -105,6 +105,7 @@ struct Context {
 #ifdef _WIN32
 Context& context();
 inline int currentStatus() { return context().head.status; }
+inline void clearStatus() { context().head.status = ARK_StatusOk; }
 #else
 Context& attachThread();
 
@@ -118,12 +119,17 @@ inline Context& context()
     return present ? *present : attachThread();
 }
 
-// The thread's status; makes no context, which spares the callers, nearly all operations, a call and the registers that
-// it would cost.
+// The thread's status, read and cleared without making a context, which spares nearly all operations a call and the
+// registers that it would cost.
 inline int currentStatus()
 {
     const Context* present = threadContext;
     return present ? present->head.status : int{ARK_StatusOk};
+}
+inline void clearStatus()
+{
+    if (Context* present = threadContext)
+        present->head.status = ARK_StatusOk;
 }
 #endif
 

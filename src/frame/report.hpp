@@ -77,22 +77,29 @@ inline void backtrace(Where at) { report(at, ARK_StatusBacktrace, nullptr); }
 // The status gate: false when a failure, also an earlier one, is recorded for this thread.
 inline bool statusGood() { return currentStatus() >= 0; }
 
+// Reports every failed check. False when there was one.
+template <std::size_t count>
+inline bool allHold(Where at, const Check (&checks)[count])
+{
+    // Indices that are constants, and a copy for the report: so the checks are nowhere in memory while all hold.
+    return [&]<std::size_t... i>(std::index_sequence<i...>)
+    {
+        if ((checks[i].failed || ...)) [[unlikely]] {
+            const Check copies[] = {checks[i]...};
+            reportFailed(at, copies, count);
+            return false;
+        }
+        return true;
+    }
+    (std::make_index_sequence<count>{});
+}
+
 // Style 1: reports every failed check, then tests the status. False when the operation must not go on. A failed check
 // counts even when the handler has cleared the status.
 template <std::size_t count>
 inline bool allGood(Where at, const Check (&checks)[count])
 {
-    // Indices that are constants, and a copy for the report: so the checks are nowhere in memory while all hold.
-    return [&]<std::size_t... i>(std::index_sequence<i...>)
-    {
-        if ((__builtin_expect(checks[i].failed, false) || ...)) {
-            const Check copies[] = {checks[i]...};
-            reportFailed(at, copies, count);
-            return false;
-        }
-        return statusGood();
-    }
-    (std::make_index_sequence<count>{});
+    return allHold(at, checks) && statusGood();
 }
 
 // Style 2: reports the first failed check only and does not look at the status. All conditions are evaluated before

@@ -445,6 +445,24 @@ ARK_INLINE V zeroUnlessNumber(V x)
 }
 #endif
 
+// least <= x <= most in all lanes.
+#if ARK_AVX512
+ARK_INLINE bool allWithin(Vec<float> x, Vec<float> least, Vec<float> most)
+{
+    return _mm512_mask_cmp_ps_mask(_mm512_cmp_ps_mask(x, least, _CMP_GE_OQ), x, most, _CMP_LE_OQ) == 0xFFFF;
+}
+ARK_INLINE bool allWithin(Vec<double> x, Vec<double> least, Vec<double> most)
+{
+    return _mm512_mask_cmp_pd_mask(_mm512_cmp_pd_mask(x, least, _CMP_GE_OQ), x, most, _CMP_LE_OQ) == 0xFF;
+}
+#else
+template <class V>
+ARK_INLINE bool allWithin(V x, V least, V most)
+{
+    return ARK_MM(movemask_epi8)((Bits)(x >= least) & (Bits)(x <= most)) == int(~0u >> (32 - sizeof(Bits)));
+}
+#endif
+
 // ---- integers ----
 
 // True when any bit of the vector is set.

@@ -74,11 +74,22 @@ ARK_INLINE void multiplyPairs(T* vec, std::ptrdiff_t n, Weights weightsFrom)
 
 // The numbers k, k+1, ... in one register.
 template <std::size_t... i>
-ARK_INLINE Vec<double> countFromIn(std::ptrdiff_t k, std::index_sequence<i...>)
+ARK_INLINE Vec<double> countFromIn(double k, std::index_sequence<i...>)
 {
-    return Vec<double>{double(i)...} + double(k);
+    return Vec<double>{double(i)...} + k;
 }
-ARK_INLINE Vec<double> countFrom(std::ptrdiff_t k) { return countFromIn(k, std::make_index_sequence<width>{}); }
+ARK_INLINE Vec<double> countFrom(double k) { return countFromIn(k, std::make_index_sequence<width>{}); }
+
+// The weights of the numbers 0, 1, ..., which multiplyBoth asks for one register after the other.
+template <class WeightOf>
+ARK_INLINE auto weightsOfNumbers(WeightOf weightOf)
+{
+    return [weightOf, numbers = countFrom(0)](std::ptrdiff_t) mutable {
+        const Vec<double> w = weightOf(numbers);
+        numbers += double(width);
+        return w;
+    };
+}
 
 // ---- Bartlett ----
 
@@ -86,7 +97,7 @@ template <class T>
 void bartlett(T* vec, std::ptrdiff_t n)
 {
     const double slope = 2 / double(n - 1);
-    multiplyPairs(vec, n, [=](std::ptrdiff_t k) { return countFrom(k) * slope; });
+    multiplyPairs(vec, n, weightsOfNumbers([=](Vec<double> k) { return k * slope; }));
 }
 
 // ---- sums of cosines ----
@@ -191,10 +202,7 @@ void kaiser(T* vec, std::ptrdiff_t n, double beta)
 {
     const double m = double(n - 1), square = beta * beta, half = 0.5 * m * beta;
     const double factor = 1 / besselI0(broadcast(half * half))[0];
-    multiplyPairs(vec, n, [=](std::ptrdiff_t k) {
-        const Vec<double> i = countFrom(k);
-        return besselI0(i * (m - i) * square) * factor;
-    });
+    multiplyPairs(vec, n, weightsOfNumbers([=](Vec<double> k) { return besselI0(k * (m - k) * square) * factor; }));
 }
 
 template <class T>

@@ -139,9 +139,7 @@ struct Ln {
     static ARK_INLINE Vec<T> apply(Vec<T> x)
     {
         using F = Format<T>;
-        using B = BitsVec<T>;
-        const B normal = (B)(x >= broadcast(F::least)) & (B)(x <= broadcast(F::most));
-        if (anySet(~normal)) [[unlikely]]
+        if (!allWithin(x, broadcast(F::least), broadcast(F::most))) [[unlikely]]
             return ofAny(x);
         return lnOfNormal<T>(x, Vec<T>{});
     }

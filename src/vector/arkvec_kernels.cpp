@@ -105,10 +105,16 @@ requires(sizeof(Lane) > sizeof(float)) ARK_INLINE TwoRegisters<Lane> loadTwo(con
     const Lanes32<double> v = fromFloats(load(from, part, broadcast(1.0f)));
     return {v.part[0], v.part[1]};
 }
-template <class Lane, class Reach>
-requires(sizeof(Lane) > sizeof(float)) ARK_INLINE void storeTwo(float* to, TwoRegisters<Lane> v, Reach reach)
+template <class Lane>
+requires(sizeof(Lane) > sizeof(float)) ARK_INLINE void storeTwo(float* to, TwoRegisters<Lane> v, Whole)
 {
-    store(to, toFloats({{v.first, v.second}}), reach);
+    storeDoubles(to, v.first);
+    storeDoubles(to + lanes<Lane>, v.second);
+}
+template <class Lane>
+requires(sizeof(Lane) > sizeof(float)) ARK_INLINE void storeTwo(float* to, TwoRegisters<Lane> v, Part part)
+{
+    store(to, toFloats({{v.first, v.second}}), part);
 }
 
 // dst[i] = f(src[i]) for n pairs, computed in lanes of Lane.
@@ -218,9 +224,9 @@ ARK_INLINE Exact square(Vec<double> x)
 // sqrt(s + rest): rounded, and what was lost.
 ARK_INLINE Exact preciseRoot(Vec<double> s, Vec<double> rest)
 {
-    const Vec<double> root = squareRoot(s);
+    const Vec<double> root = squareRoot(s), derivative = broadcast(0.5) / root;
     const Exact back = square(root);
-    return {root, (((s - back.high) - back.low) + rest) / (root + root)};
+    return {root, (((s - back.high) - back.low) + rest) * derivative};
 }
 
 // The larger part correct to little more than half an ulp, the smaller one, a quotient by it, to less than 2 ulps.
@@ -248,7 +254,7 @@ ARK_INLINE Cplx<double> principalRoot(Cplx<double> z, RootParts parts)
     const Vec<double> zero{}, infinity = broadcast(Format<double>::infinity);
     Vec<double> re = z.re < zero ? parts.smaller : parts.larger, im = z.re < zero ? parts.larger : parts.smaller;
     const Vec<double> absRe = magnitude<double>(z.re), absIm = magnitude<double>(z.im);
-    if (anySet((absRe == infinity) | (absIm == infinity))) [[unlikely]] {
+    if (!allWithin(larger(absRe, absIm), zero, broadcast(Format<double>::most))) [[unlikely]] {
         // An infinite real part leaves zero, or what is not a number, beside it; an infinite imaginary part wins.
         const Vec<double> rest = absIm * zero;
         const auto infinite = absRe == infinity, above = z.re > zero;
@@ -313,8 +319,9 @@ inline constexpr R mostModerate = 1 / leastModerate<R>;
 template <class R, class Scaled>
 ARK_INLINE Cplx<R> whereModerate(Cplx<R> z, Vec<R> norm, Vec<R> least, Cplx<R> plain, Scaled scaled)
 {
-    const auto moderate = (norm >= least) & (norm <= broadcast(mostModerate<R>));
-    if (anySet(~moderate)) [[unlikely]] {
+    const Vec<R> most = broadcast(mostModerate<R>);
+    if (!allWithin(norm, least, most)) [[unlikely]] {
+        const auto moderate = (norm >= least) & (norm <= most);
         const Cplx<R> other = scaled(z);
         plain = {moderate ? plain.re : other.re, moderate ? plain.im : other.im};
     }
