@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <immintrin.h>
+#include <type_traits>
 #include <utility>
 
 #if defined(__AVX512F__) && defined(__AVX512BW__) && defined(__AVX512DQ__) && defined(__AVX512VL__)
@@ -279,6 +280,8 @@ constexpr int lowOfBoth(int lane, int lanes) { return lane / 2 + (lane % 2) * la
 constexpr int highOfBoth(int lane, int lanes) { return lanes / 2 + lowOfBoth(lane, lanes); }
 constexpr int evenOfBoth(int lane, int) { return 2 * lane; }
 constexpr int oddOfBoth(int lane, int) { return 2 * lane + 1; }
+
+constexpr int evenThenOdd(int lane, int lanes) { return lane < lanes / 2 ? 2 * lane : 2 * lane - lanes + 1; }
 
 // Permutations of complex pairs.
 constexpr int realPart(int lane, int) { return lane & ~1; }
@@ -644,10 +647,45 @@ ARK_INLINE void storeInts(Int* to, Vec<int> v, Whole)
 {
     storeLowest(to, narrowToLowest<Int>(v));
 }
+// Two registers, of integers that narrow to one.
+template <class Int>
+ARK_INLINE void storeInts(Int* to, Vec<int> low, Vec<int> high)
+{
+#if ARK_AVX2
+    if constexpr (sizeof(Int) == 2) {
+        // Packing works by 128 bits.
+        const Bits packed =
+            isSigned<Int> ? ARK_MM(packs_epi32)((Bits)low, (Bits)high) : ARK_MM(packus_epi32)((Bits)low, (Bits)high);
+        return store(to, (Vec<Int>)permute<evenThenOdd>((Vec<long long>)packed));
+    }
+#endif
+    storeInts(to, low, Whole{});
+    storeInts(to + lanes<int>, high, Whole{});
+}
 template <class Int>
 ARK_INLINE void storeInts(Int* to, Vec<int> v, Part part)
 {
     storePart(to, (Vec<Int>)narrowToLowest<Int>(v), part.count);
+}
+
+// Bytes in 16-bit lanes.
+ARK_INLINE Vec<unsigned short> widenBytes(Bits v)
+{
+#if ARK_AVX512
+    return (Vec<unsigned short>)_mm512_cvtepu8_epi16(_mm512_castsi512_si256(v));
+#elif ARK_AVX2
+    return (Vec<unsigned short>)_mm256_cvtepu8_epi16(_mm256_castsi256_si128(v));
+#else
+    return (Vec<unsigned short>)_mm_unpacklo_epi8(v, _mm_setzero_si128());
+#endif
+}
+ARK_INLINE Vec<unsigned short> loadBytes(const unsigned char* from, Whole)
+{
+    return widenBytes(loadLowest(reinterpret_cast<const unsigned short*>(from)));
+}
+ARK_INLINE Vec<unsigned short> loadBytes(const unsigned char* from, Part part)
+{
+    return widenBytes((Bits)loadPart(from, part.count));
 }
 
 // As many floating-point lanes as a register has 32-bit lanes: one register of floats or two of doubles.

@@ -13,7 +13,7 @@ namespace ark {
 template <class Real>
 const typename ConvertKernels<Real>::Integer& integerKernels(int wordBits, int flags)
 {
-    const int width = std::countr_zero(unsigned(wordBits)) - 3; // 8, 16, 32 bits: 0, 1, 2
+    const int width = wordBits >> 4; // 8, 16, 32 bits: 0, 1, 2
     return kernels<ConvertKernels<Real>>().integers[width][(flags & ARK_Unsigned) != 0];
 }
 
