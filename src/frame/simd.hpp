@@ -86,6 +86,18 @@ ARK_INLINE void storePiece(unsigned char* to, Piece piece)
     __builtin_memcpy(to, &piece, sizeof piece);
 }
 
+// 16 bytes, again and again.
+ARK_INLINE Bits repeatPiece(__m128i piece)
+{
+#if ARK_AVX512
+    return _mm512_broadcast_i32x4(piece);
+#elif ARK_AVX2
+    return _mm256_broadcastsi128_si256(piece);
+#else
+    return piece;
+#endif
+}
+
 // A register of zeros, then one of ones: from the middle on backwards, as many zeros as wanted.
 [[maybe_unused]] alignas(64) constexpr Bits zerosThenOnes[]{Bits{}, ~Bits{}};
 

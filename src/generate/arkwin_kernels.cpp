@@ -35,9 +35,10 @@ ARK_INLINE void multiply(R* at, Vec<double> weights)
     storeElements(at, loadDoubles(at) * weights);
 }
 
-// Multiplies front[j] and back[-j] by weight j, 0 <= j < count. weightsFrom(j) gives a register of weights.
+// Multiplies front[j] and back[-j] by weight j, 0 <= j < count, in whole registers: the number that this takes care of.
+// weightsFrom(j) gives a register of weights.
 template <class T, class Weights>
-ARK_INLINE void multiplyBoth(T* front, T* back, std::ptrdiff_t count, Weights weightsFrom)
+ARK_INLINE std::ptrdiff_t multiplyRegisters(T* front, T* back, std::ptrdiff_t count, Weights& weightsFrom)
 {
     std::ptrdiff_t j = 0;
     for (; j + width <= count; j += width) {
@@ -53,23 +54,29 @@ ARK_INLINE void multiplyBoth(T* front, T* back, std::ptrdiff_t count, Weights we
             multiply(mirrored, permute<reversed>(w));
         }
     }
-    if (j == count)
-        return;
-    double rest[width];
-    store(rest, weightsFrom(j));
-    for (const double* weight = rest; j < count; j++, weight++)
-        for (int part = 0; part < parts<T>; part++) {
-            Real<T>&x = partsOf(front + j)[part], &y = partsOf(back - j)[part];
-            x = product(x, *weight);
-            y = product(y, *weight);
-        }
+    return j;
+}
+
+template <class T>
+ARK_INLINE void multiplyPair(T* front, T* back, std::ptrdiff_t j, double weight)
+{
+    T* const both[]{front + j, back - j};
+    for (T* const element : both)
+        for (int part = 0; part < parts<T>; part++)
+            partsOf(element)[part] = product(partsOf(element)[part], weight);
 }
 
 // All pairs of elements, their weights given directly.
 template <class T, class Weights>
 ARK_INLINE void multiplyPairs(T* vec, std::ptrdiff_t n, Weights weightsFrom)
 {
-    multiplyBoth(vec, vec + (n - 1), n / 2, weightsFrom);
+    const std::ptrdiff_t count = n / 2, done = multiplyRegisters(vec, vec + (n - 1), count, weightsFrom);
+    if (done == count)
+        return;
+    double rest[width];
+    store(rest, weightsFrom(done));
+    for (std::ptrdiff_t j = done; j < count; j++)
+        multiplyPair(vec, vec + (n - 1), j, rest[j - done]);
 }
 
 // The numbers k, k+1, ... in one register.
@@ -102,19 +109,26 @@ void bartlett(T* vec, std::ptrdiff_t n)
 
 // ---- sums of cosines ----
 
+template <class V>
+ARK_INLINE V weightOf(CosineWindow window, V c)
+{
+    return (window.a - window.b * c) - window.c * (2.0 * (c * c) - 1.0);
+}
+
 // Takes pieces of cosines from next(cosines, count), which may write a whole piece.
 template <class T, class Next>
 ARK_INLINE void multiplyByCosines(T* vec, std::ptrdiff_t n, CosineWindow window, Next next)
 {
-    alignas(64) double cosines[piece] = {};
+    alignas(64) double cosines[piece];
     const std::ptrdiff_t pairs = n / 2;
     for (std::ptrdiff_t k = 0; k < pairs; k += piece) {
         const std::ptrdiff_t count = pairs - k < piece ? pairs - k : piece;
         next(cosines, count);
-        multiplyBoth(vec + k, vec + (n - 1 - k), count, [&](std::ptrdiff_t j) {
-            const Vec<double> c = load(cosines + j);
-            return (window.a - window.b * c) - window.c * (2.0 * (c * c) - 1.0);
-        });
+        const auto weightsFrom = [&](std::ptrdiff_t j) { return weightOf(window, load(cosines + j)); };
+        T *const front = vec + k, *const back = vec + (n - 1 - k);
+        // The cosines that are left one by one: a register would wait for the single ones to reach the cache.
+        for (std::ptrdiff_t j = multiplyRegisters(front, back, count, weightsFrom); j < count; j++)
+            multiplyPair(front, back, j, weightOf(window, cosines[j]));
     }
 }
 
