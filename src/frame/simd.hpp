@@ -99,7 +99,7 @@ ARK_INLINE Bits repeatPiece(__m128i piece)
 }
 
 // A register of zeros, then one of ones: from the middle on backwards, as many zeros as wanted.
-[[maybe_unused]] alignas(64) constexpr Bits zerosThenOnes[]{Bits{}, ~Bits{}};
+[[maybe_unused]] alignas(64) inline constexpr Bits zerosThenOnes[]{Bits{}, ~Bits{}};
 
 // The first n lanes, 0 < n < lanes<T>: nothing behind them is touched; the other lanes load as those of behind. Without
 // masks the register is put together, and taken apart, in pieces of falling powers of two.

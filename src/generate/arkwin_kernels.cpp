@@ -87,7 +87,7 @@ ARK_INLINE Vec<double> countFromIn(double k, std::index_sequence<i...>)
 }
 ARK_INLINE Vec<double> countFrom(double k) { return countFromIn(k, std::make_index_sequence<width>{}); }
 
-// The weights of the numbers 0, 1, ..., which multiplyBoth asks for one register after the other.
+// The weights of the numbers 0, 1, ..., which multiplyRegisters asks for one register after the other.
 template <class WeightOf>
 ARK_INLINE auto weightsOfNumbers(WeightOf weightOf)
 {

@@ -5,7 +5,7 @@
 namespace ark::ARK_SET {
 namespace {
 
-constexpr int step = lanes<int>; // elements at a time
+constexpr std::ptrdiff_t step = lanes<int>; // elements at a time
 
 // Rounding brings exactly the numbers from least to most into the range of Int. direction is that of roundToInts.
 template <class Real, class Int, int direction>
