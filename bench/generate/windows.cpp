@@ -44,7 +44,9 @@ const bench::Family windows{
              const Array<float> vec(n);
              return Contenders{
                  {"arkpx", [=] { arksWinBartlett(vec, n); }},
-                 {"loop", [=] { multiply(vec, n, [=](int k) { return 1 - std::fabs(float(2 * k - (n - 1)) / float(n - 1)); }); }},
+                 {"loop", [=] { // in floats, 1 - |2 k / (n-1) - 1| would have no correct digits at the ends of a long window
+                      const double slope = 2.0 / (n - 1);
+                      multiply(vec, n, [=](int k) { return std::min(k, n - 1 - k) * slope; }); }},
                  LIQUID(unsigned(n), multiply(vec, n, [q](int k) { return liquid_triangular(unsigned(k), q, q - 1); }))};
          }, sizes},
         {"Hann, float", 8,

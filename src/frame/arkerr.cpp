@@ -34,13 +34,16 @@ const char* bodyFormat(int status)
 
 } // namespace
 
-void report(Where at, int status, const char* message) { arkError(status, at.function, message, at.module, at.line); }
+void report(const char* function, const char* module, int line, int status, const char* message)
+{
+    arkError(status, function, message, module, line);
+}
 
-void reportFailed(Where at, const Check* checks, std::size_t count)
+void reportFailed(const char* function, const char* module, int line, const Check* checks, std::size_t count)
 {
     for (std::size_t i = 0; i < count; i++)
         if (checks[i].failed)
-            badArgument(at, checks[i].message);
+            report(function, module, line, ARK_StatusBadArgument, checks[i].message);
 }
 
 } // namespace ark

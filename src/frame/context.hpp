@@ -104,6 +104,8 @@ struct Context {
 // elsewhere the first use in a thread makes it and the end of the thread frees it (attach_posix.cpp).
 #ifdef _WIN32
 Context& context();
+inline int currentStatus() { return context().head.status; }
+inline void clearStatus() { context().head.status = ARK_StatusOk; }
 #else
 Context& attachThread();
 
@@ -115,6 +117,19 @@ inline Context& context()
 {
     Context* present = threadContext;
     return present ? *present : attachThread();
+}
+
+// The thread's status, read and cleared without making a context, which spares nearly all operations a call and the
+// registers that it would cost.
+inline int currentStatus()
+{
+    const Context* present = threadContext;
+    return present ? present->head.status : int{ARK_StatusOk};
+}
+inline void clearStatus()
+{
+    if (Context* present = threadContext)
+        present->head.status = ARK_StatusOk;
 }
 #endif
 

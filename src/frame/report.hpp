@@ -53,9 +53,20 @@ struct Check {
     const char* message;
 };
 
-// Out of line and cold: the calls below stay a few compares on the path of good arguments.
-void report(Where at, int status, const char* message);
-void reportFailed(Where at, const Check* checks, std::size_t count);
+// Out of line, and taking Where apart: an aggregate to be passed on would be put together in memory before the checks,
+// on the path of good arguments.
+[[gnu::cold]] void report(const char* function, const char* module, int line, int status, const char* message);
+[[gnu::cold]] void reportFailed(const char* function, const char* module, int line, const Check* checks,
+                                std::size_t count);
+
+inline void report(Where at, int status, const char* message)
+{
+    report(at.function, at.module, at.line, status, message);
+}
+inline void reportFailed(Where at, const Check* checks, std::size_t count)
+{
+    reportFailed(at.function, at.module, at.line, checks, count);
+}
 
 inline void badArgument(Where at, const char* message) { report(at, ARK_StatusBadArgument, message); }
 inline void outOfMemory(Where at, const char* message) { report(at, ARK_StatusOutOfMemory, message); }
@@ -64,7 +75,24 @@ inline void outOfMemory(Where at, const char* message) { report(at, ARK_StatusOu
 inline void backtrace(Where at) { report(at, ARK_StatusBacktrace, nullptr); }
 
 // The status gate: false when a failure, also an earlier one, is recorded for this thread.
-inline bool statusGood() { return context().head.status >= 0; }
+inline bool statusGood() { return currentStatus() >= 0; }
+
+// Reports every failed check. False when there was one.
+template <std::size_t count>
+inline bool allHold(Where at, const Check (&checks)[count])
+{
+    // Indices that are constants, and a copy for the report: so the checks are nowhere in memory while all hold.
+    return [&]<std::size_t... i>(std::index_sequence<i...>)
+    {
+        if ((checks[i].failed || ...)) [[unlikely]] {
+            const Check copies[] = {checks[i]...};
+            reportFailed(at, copies, count);
+            return false;
+        }
+        return true;
+    }
+    (std::make_index_sequence<count>{});
+}
 
 template <std::size_t count>
 inline bool noneFailed(const Check (&checks)[count])
@@ -78,17 +106,7 @@ inline bool noneFailed(const Check (&checks)[count])
 template <std::size_t count>
 inline bool allGood(Where at, const Check (&checks)[count])
 {
-    // Indices that are constants, and a copy for the report: so the checks are nowhere in memory while all hold.
-    return [&]<std::size_t... i>(std::index_sequence<i...>)
-    {
-        if ((checks[i].failed | ...)) [[unlikely]] {
-            const Check copies[] = {checks[i]...};
-            reportFailed(at, copies, count);
-            return false;
-        }
-        return statusGood();
-    }
-    (std::make_index_sequence<count>{});
+    return allHold(at, checks) && statusGood();
 }
 
 // Style 2: reports the first failed check only and does not look at the status. All conditions are evaluated before

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <immintrin.h>
+#include <type_traits>
 #include <utility>
 
 #if defined(__AVX512F__) && defined(__AVX512BW__) && defined(__AVX512DQ__) && defined(__AVX512VL__)
@@ -86,15 +87,32 @@ ARK_INLINE void storePiece(unsigned char* to, Piece piece)
     __builtin_memcpy(to, &piece, sizeof piece);
 }
 
-// The first n lanes, 0 < n < lanes<T>: nothing behind them is touched; the other lanes load as zero. Without masks the
-// register is put together, and taken apart, in pieces of falling powers of two.
+// 16 bytes, again and again.
+ARK_INLINE Bits repeatPiece(__m128i piece)
+{
+#if ARK_AVX512
+    return _mm512_broadcast_i32x4(piece);
+#elif ARK_AVX2
+    return _mm256_broadcastsi128_si256(piece);
+#else
+    return piece;
+#endif
+}
+
+// A register of zeros, then one of ones: from the middle on backwards, as many zeros as wanted.
+[[maybe_unused]] alignas(64) inline constexpr Bits zerosThenOnes[]{Bits{}, ~Bits{}};
+
+// The first n lanes, 0 < n < lanes<T>: nothing behind them is touched; the other lanes load as those of behind. Without
+// masks the register is put together, and taken apart, in pieces of falling powers of two.
 template <class T>
-ARK_INLINE Vec<T> loadPart(const T* elements, std::ptrdiff_t n)
+ARK_INLINE Vec<T> loadPart(const T* elements, std::ptrdiff_t n, Vec<T> behind = Vec<T>{})
 {
     const std::size_t bytes = std::size_t(n) * sizeof(T);
 #if ARK_AVX512
-    return (Vec<T>)_mm512_maskz_loadu_epi8(~0ull >> (64 - bytes), elements);
+    return (Vec<T>)_mm512_mask_loadu_epi8((Bits)behind, ~0ull >> (64 - bytes), elements);
 #else
+    const auto* edge = reinterpret_cast<const unsigned char*>(zerosThenOnes + 1) - bytes;
+    const Bits others = loadPiece<Bits>(edge) & (Bits)behind; // nothing is computed for zeros
     const auto* from = reinterpret_cast<const unsigned char*>(elements + n);
     unsigned few = 0;
     if (sizeof(T) <= 1 && (bytes & 1))
@@ -107,10 +125,11 @@ ARK_INLINE Vec<T> loadPart(const T* elements, std::ptrdiff_t n)
     if (bytes & 8)
         v = _mm_unpacklo_epi64(_mm_loadl_epi64(reinterpret_cast<const __m128i_u*>(from -= 8)), v);
 #if ARK_AVX2
-    return (Vec<T>)(bytes & 16 ? _mm256_set_m128i(v, loadPiece<__m128i>(from - 16)) : _mm256_zextsi128_si256(v));
+    const Bits all = bytes & 16 ? _mm256_set_m128i(v, loadPiece<__m128i>(from - 16)) : _mm256_zextsi128_si256(v);
 #else
-    return (Vec<T>)v;
+    const Bits all = v;
 #endif
+    return (Vec<T>)(all | others);
 #endif
 }
 
@@ -163,14 +182,14 @@ struct Part {
 };
 
 template <class T>
-ARK_INLINE Vec<T> load(const T* from, Whole)
+ARK_INLINE Vec<T> load(const T* from, Whole, Vec<T> = Vec<T>{})
 {
     return load(from);
 }
 template <class T>
-ARK_INLINE Vec<T> load(const T* from, Part part)
+ARK_INLINE Vec<T> load(const T* from, Part part, Vec<T> behind = Vec<T>{})
 {
-    return loadPart(from, part.count);
+    return loadPart(from, part.count, behind);
 }
 template <class T>
 ARK_INLINE void store(T* to, Vec<T> v, Whole)
@@ -209,13 +228,13 @@ ARK_INLINE void downwards(const T* dst, std::ptrdiff_t n, Body body)
         body(0, Part{n});
 }
 
-// dst[i] = f(src[i]) for n lanes, from the last to the first. Where a part of a register is left, f sees zeros behind
-// it.
+// dst[i] = f(src[i]) for n lanes, from the last to the first. Where a part of a register is left, f sees the lanes of
+// behind after it.
 template <class T, class Function>
-ARK_INLINE void eachLane(const T* src, T* dst, std::ptrdiff_t n, Function f)
+ARK_INLINE void eachLane(const T* src, T* dst, std::ptrdiff_t n, Function f, Vec<T> behind = Vec<T>{})
 {
-    downwards<lanes<T>, 1, true>(dst, n,
-                                 [=](std::ptrdiff_t i, auto reach) { store(dst + i, f(load(src + i, reach)), reach); });
+    downwards<lanes<T>, 1, true>(
+        dst, n, [=](std::ptrdiff_t i, auto reach) { store(dst + i, f(load(src + i, reach, behind)), reach); });
 }
 
 // ---- constants and permutations ----
@@ -274,6 +293,8 @@ constexpr int lowOfBoth(int lane, int lanes) { return lane / 2 + (lane % 2) * la
 constexpr int highOfBoth(int lane, int lanes) { return lanes / 2 + lowOfBoth(lane, lanes); }
 constexpr int evenOfBoth(int lane, int) { return 2 * lane; }
 constexpr int oddOfBoth(int lane, int) { return 2 * lane + 1; }
+
+constexpr int evenThenOdd(int lane, int lanes) { return lane < lanes / 2 ? 2 * lane : 2 * lane - lanes + 1; }
 
 // Permutations of complex pairs.
 constexpr int realPart(int lane, int) { return lane & ~1; }
@@ -437,6 +458,24 @@ template <class V>
 ARK_INLINE V zeroUnlessNumber(V x)
 {
     return (V)((Bits)(x == x) & (Bits)x);
+}
+#endif
+
+// least <= x <= most in all lanes.
+#if ARK_AVX512
+ARK_INLINE bool allWithin(Vec<float> x, Vec<float> least, Vec<float> most)
+{
+    return _mm512_mask_cmp_ps_mask(_mm512_cmp_ps_mask(x, least, _CMP_GE_OQ), x, most, _CMP_LE_OQ) == 0xFFFF;
+}
+ARK_INLINE bool allWithin(Vec<double> x, Vec<double> least, Vec<double> most)
+{
+    return _mm512_mask_cmp_pd_mask(_mm512_cmp_pd_mask(x, least, _CMP_GE_OQ), x, most, _CMP_LE_OQ) == 0xFF;
+}
+#else
+template <class V>
+ARK_INLINE bool allWithin(V x, V least, V most)
+{
+    return ARK_MM(movemask_epi8)((Bits)(x >= least) & (Bits)(x <= most)) == int(~0u >> (32 - sizeof(Bits)));
 }
 #endif
 
@@ -621,10 +660,45 @@ ARK_INLINE void storeInts(Int* to, Vec<int> v, Whole)
 {
     storeLowest(to, narrowToLowest<Int>(v));
 }
+// Two registers, of integers that narrow to one.
+template <class Int>
+ARK_INLINE void storeInts(Int* to, Vec<int> low, Vec<int> high)
+{
+#if ARK_AVX2
+    if constexpr (sizeof(Int) == 2) {
+        // Packing works by 128 bits.
+        const Bits packed =
+            isSigned<Int> ? ARK_MM(packs_epi32)((Bits)low, (Bits)high) : ARK_MM(packus_epi32)((Bits)low, (Bits)high);
+        return store(to, (Vec<Int>)permute<evenThenOdd>((Vec<long long>)packed));
+    }
+#endif
+    storeInts(to, low, Whole{});
+    storeInts(to + lanes<int>, high, Whole{});
+}
 template <class Int>
 ARK_INLINE void storeInts(Int* to, Vec<int> v, Part part)
 {
     storePart(to, (Vec<Int>)narrowToLowest<Int>(v), part.count);
+}
+
+// Bytes in 16-bit lanes.
+ARK_INLINE Vec<unsigned short> widenBytes(Bits v)
+{
+#if ARK_AVX512
+    return (Vec<unsigned short>)_mm512_cvtepu8_epi16(_mm512_castsi512_si256(v));
+#elif ARK_AVX2
+    return (Vec<unsigned short>)_mm256_cvtepu8_epi16(_mm256_castsi256_si128(v));
+#else
+    return (Vec<unsigned short>)_mm_unpacklo_epi8(v, _mm_setzero_si128());
+#endif
+}
+ARK_INLINE Vec<unsigned short> loadBytes(const unsigned char* from, Whole)
+{
+    return widenBytes(loadLowest(reinterpret_cast<const unsigned short*>(from)));
+}
+ARK_INLINE Vec<unsigned short> loadBytes(const unsigned char* from, Part part)
+{
+    return widenBytes((Bits)loadPart(from, part.count));
 }
 
 // As many floating-point lanes as a register has 32-bit lanes: one register of floats or two of doubles.
@@ -761,6 +835,31 @@ ARK_INLINE Lanes32<double> fromInts<double>(Vec<int> v)
 #else
     return {
         {(Vec<double>)_mm_cvtepi32_pd((Bits)v), (Vec<double>)_mm_cvtepi32_pd(_mm_unpackhi_epi64((Bits)v, (Bits)v))}};
+#endif
+}
+
+// Floats as doubles, and back, rounded.
+ARK_INLINE Lanes32<double> fromFloats(Vec<float> v)
+{
+#if ARK_AVX512
+    const __m256 high = (__m256)_mm512_extractf64x4_pd((__m512d)v, 1);
+    return {{(Vec<double>)_mm512_cvtps_pd(_mm512_castps512_ps256((__m512)v)), (Vec<double>)_mm512_cvtps_pd(high)}};
+#elif ARK_AVX2
+    return {{(Vec<double>)_mm256_cvtps_pd(_mm256_castps256_ps128((__m256)v)),
+             (Vec<double>)_mm256_cvtps_pd(_mm256_extractf128_ps((__m256)v, 1))}};
+#else
+    return {{(Vec<double>)_mm_cvtps_pd((__m128)v), (Vec<double>)_mm_cvtps_pd(_mm_movehl_ps((__m128)v, (__m128)v))}};
+#endif
+}
+ARK_INLINE Vec<float> toFloats(Lanes32<double> x)
+{
+#if ARK_AVX512
+    const __m512d low = _mm512_castpd256_pd512((__m256d)_mm512_cvtpd_ps((__m512d)x.part[0]));
+    return (Vec<float>)_mm512_insertf64x4(low, (__m256d)_mm512_cvtpd_ps((__m512d)x.part[1]), 1);
+#elif ARK_AVX2
+    return (Vec<float>)_mm256_set_m128(_mm256_cvtpd_ps((__m256d)x.part[1]), _mm256_cvtpd_ps((__m256d)x.part[0]));
+#else
+    return (Vec<float>)_mm_movelh_ps(_mm_cvtpd_ps((__m128d)x.part[0]), _mm_cvtpd_ps((__m128d)x.part[1]));
 #endif
 }
 

@@ -35,9 +35,10 @@ ARK_INLINE void multiply(R* at, Vec<double> weights)
     storeElements(at, loadDoubles(at) * weights);
 }
 
-// Multiplies front[j] and back[-j] by weight j, 0 <= j < count. weightsFrom(j) gives a register of weights.
+// Multiplies front[j] and back[-j] by weight j, 0 <= j < count, in whole registers: the number that this takes care of.
+// weightsFrom(j) gives a register of weights.
 template <class T, class Weights>
-ARK_INLINE void multiplyBoth(T* front, T* back, std::ptrdiff_t count, Weights weightsFrom)
+ARK_INLINE std::ptrdiff_t multiplyRegisters(T* front, T* back, std::ptrdiff_t count, Weights& weightsFrom)
 {
     std::ptrdiff_t j = 0;
     for (; j + width <= count; j += width) {
@@ -53,32 +54,49 @@ ARK_INLINE void multiplyBoth(T* front, T* back, std::ptrdiff_t count, Weights we
             multiply(mirrored, permute<reversed>(w));
         }
     }
-    if (j == count)
-        return;
-    double rest[width];
-    store(rest, weightsFrom(j));
-    for (const double* weight = rest; j < count; j++, weight++)
-        for (int part = 0; part < parts<T>; part++) {
-            Real<T>&x = partsOf(front + j)[part], &y = partsOf(back - j)[part];
-            x = product(x, *weight);
-            y = product(y, *weight);
-        }
+    return j;
+}
+
+template <class T>
+ARK_INLINE void multiplyPair(T* front, T* back, std::ptrdiff_t j, double weight)
+{
+    T* const both[]{front + j, back - j};
+    for (T* const element : both)
+        for (int part = 0; part < parts<T>; part++)
+            partsOf(element)[part] = product(partsOf(element)[part], weight);
 }
 
 // All pairs of elements, their weights given directly.
 template <class T, class Weights>
 ARK_INLINE void multiplyPairs(T* vec, std::ptrdiff_t n, Weights weightsFrom)
 {
-    multiplyBoth(vec, vec + (n - 1), n / 2, weightsFrom);
+    const std::ptrdiff_t count = n / 2, done = multiplyRegisters(vec, vec + (n - 1), count, weightsFrom);
+    if (done == count)
+        return;
+    double rest[width];
+    store(rest, weightsFrom(done));
+    for (std::ptrdiff_t j = done; j < count; j++)
+        multiplyPair(vec, vec + (n - 1), j, rest[j - done]);
 }
 
 // The numbers k, k+1, ... in one register.
 template <std::size_t... i>
-ARK_INLINE Vec<double> countFromIn(std::ptrdiff_t k, std::index_sequence<i...>)
+ARK_INLINE Vec<double> countFromIn(double k, std::index_sequence<i...>)
 {
-    return Vec<double>{double(i)...} + double(k);
+    return Vec<double>{double(i)...} + k;
 }
-ARK_INLINE Vec<double> countFrom(std::ptrdiff_t k) { return countFromIn(k, std::make_index_sequence<width>{}); }
+ARK_INLINE Vec<double> countFrom(double k) { return countFromIn(k, std::make_index_sequence<width>{}); }
+
+// The weights of the numbers 0, 1, ..., which multiplyRegisters asks for one register after the other.
+template <class WeightOf>
+ARK_INLINE auto weightsOfNumbers(WeightOf weightOf)
+{
+    return [weightOf, numbers = countFrom(0)](std::ptrdiff_t) mutable {
+        const Vec<double> w = weightOf(numbers);
+        numbers += double(width);
+        return w;
+    };
+}
 
 // ---- Bartlett ----
 
@@ -86,24 +104,31 @@ template <class T>
 void bartlett(T* vec, std::ptrdiff_t n)
 {
     const double slope = 2 / double(n - 1);
-    multiplyPairs(vec, n, [=](std::ptrdiff_t k) { return countFrom(k) * slope; });
+    multiplyPairs(vec, n, weightsOfNumbers([=](Vec<double> k) { return k * slope; }));
 }
 
 // ---- sums of cosines ----
+
+template <class V>
+ARK_INLINE V weightOf(CosineWindow window, V c)
+{
+    return (window.a - window.b * c) - window.c * (2.0 * (c * c) - 1.0);
+}
 
 // Takes pieces of cosines from next(cosines, count), which may write a whole piece.
 template <class T, class Next>
 ARK_INLINE void multiplyByCosines(T* vec, std::ptrdiff_t n, CosineWindow window, Next next)
 {
-    alignas(64) double cosines[piece] = {};
+    alignas(64) double cosines[piece];
     const std::ptrdiff_t pairs = n / 2;
     for (std::ptrdiff_t k = 0; k < pairs; k += piece) {
         const std::ptrdiff_t count = pairs - k < piece ? pairs - k : piece;
         next(cosines, count);
-        multiplyBoth(vec + k, vec + (n - 1 - k), count, [&](std::ptrdiff_t j) {
-            const Vec<double> c = load(cosines + j);
-            return (window.a - window.b * c) - window.c * (2.0 * (c * c) - 1.0);
-        });
+        const auto weightsFrom = [&](std::ptrdiff_t j) { return weightOf(window, load(cosines + j)); };
+        T *const front = vec + k, *const back = vec + (n - 1 - k);
+        // The cosines that are left one by one: a register would wait for the single ones to reach the cache.
+        for (std::ptrdiff_t j = multiplyRegisters(front, back, count, weightsFrom); j < count; j++)
+            multiplyPair(front, back, j, weightOf(window, cosines[j]));
     }
 }
 
@@ -191,10 +216,7 @@ void kaiser(T* vec, std::ptrdiff_t n, double beta)
 {
     const double m = double(n - 1), square = beta * beta, half = 0.5 * m * beta;
     const double factor = 1 / besselI0(broadcast(half * half))[0];
-    multiplyPairs(vec, n, [=](std::ptrdiff_t k) {
-        const Vec<double> i = countFrom(k);
-        return besselI0(i * (m - i) * square) * factor;
-    });
+    multiplyPairs(vec, n, weightsOfNumbers([=](Vec<double> k) { return besselI0(k * (m - k) * square) * factor; }));
 }
 
 template <class T>

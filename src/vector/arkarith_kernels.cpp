@@ -123,11 +123,7 @@ void conjFlip(const T* src, T* dst, std::ptrdiff_t n)
 
 void fillBytes(const void* pattern, void* dst, std::size_t bytes)
 {
-    // As bytes in a register, since the pattern may be of any type.
-    unsigned char repeated[sizeof(Bits)];
-    for (std::size_t i = 0; i < sizeof repeated; i += 16)
-        __builtin_memcpy(repeated + i, pattern, 16);
-    const Vec<unsigned char> v = load(repeated);
+    const auto v = (Vec<unsigned char>)repeatPiece(loadPiece<__m128i>(static_cast<const unsigned char*>(pattern)));
     auto* d = static_cast<unsigned char*>(dst);
     std::size_t i = 0;
     for (; i + sizeof v <= bytes; i += sizeof v)

@@ -5,7 +5,7 @@
 namespace ark::ARK_SET {
 namespace {
 
-constexpr int step = lanes<int>; // elements at a time
+constexpr std::ptrdiff_t step = lanes<int>; // elements at a time
 
 // Rounding brings exactly the numbers from least to most into the range of Int. direction is that of roundToInts.
 template <class Real, class Int, int direction>
@@ -103,20 +103,25 @@ template <bool saturate, class Real, class Int, int direction>
 bool convertAll(const Real* src, Int* dst, std::ptrdiff_t n)
 {
     RealBits<Real> outside{};
-    const auto convert = [&](std::ptrdiff_t i, auto reach) {
+    const auto converted = [&](std::ptrdiff_t i, auto reach) {
         const Lanes32<Real> x = loadLanes32(src + i, reach);
         const Clamped<Real> clamped = clamp<Int, direction>(x);
         outside |= clamped.outside;
-        Vec<int> v = saturated<Int, direction>(x, clamped.value);
-        if constexpr (!saturate)
-            v = within(x, clamped.value, v, loadInts(dst + i, reach));
-        storeInts(dst + i, v, reach);
+        const Vec<int> v = saturated<Int, direction>(x, clamped.value);
+        if constexpr (saturate)
+            return v;
+        else
+            return within(x, clamped.value, v, loadInts(dst + i, reach));
     };
     std::ptrdiff_t i = 0;
+    for (; i + 2 * step <= n; i += 2 * step) {
+        const Vec<int> low = converted(i, Whole{}), high = converted(i + step, Whole{});
+        storeInts(dst + i, low, high);
+    }
     for (; i + step <= n; i += step)
-        convert(i, Whole{});
+        storeInts(dst + i, converted(i, Whole{}), Whole{});
     if (i < n)
-        convert(i, Part{n - i});
+        storeInts(dst + i, converted(i, Part{n - i}), Part{n - i});
     return anySet(outside);
 }
 

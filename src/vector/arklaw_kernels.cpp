@@ -6,11 +6,16 @@
 namespace ark::ARK_SET {
 namespace {
 
-constexpr int step = lanes<int>; // elements at a time
+constexpr int stepBit = 19;                  // the lowest of the fraction's first four bits
+constexpr int segmentOfOne = -134 * 16;      // 2^7 has the exponent 134 and begins segment 0
+constexpr int halfStep = 1 << (stepBit - 1); // values stand in the middle of their step
 
-constexpr int stepBit = 19;                        // the lowest of the fraction's first four bits
-constexpr int segmentOfOne = -134 * 16;            // 2^7 has the exponent 134 and begins segment 0
-constexpr unsigned halfStep = 1u << (stepBit - 1); // values stand in the middle of their step
+// The bits of a float as a lane of T has them: all, or those of the upper half, where the lower one is zero.
+template <class T>
+ARK_INLINE Vec<T> floatBits(int bits)
+{
+    return broadcast(T(bits >> (32 - 8 * int(sizeof(T)))));
+}
 
 struct Sample {
     Vec<int> magnitude;
@@ -49,9 +54,11 @@ ARK_INLINE Sample sample(const Real* from, Reach reach)
 
 // Segment and step of a magnitude from 2^7 on.
 ARK_INLINE Vec<int> segmentAndStep(Vec<float> magnitude) { return ((Vec<int>)magnitude >> stepBit) + segmentOfOne; }
-ARK_INLINE Vec<unsigned> valueBits(Vec<unsigned> segmentAndStep)
+template <class T>
+ARK_INLINE Vec<T> valueBits(Vec<T> segmentAndStep)
 {
-    return ((segmentAndStep - unsigned(segmentOfOne)) << stepBit) + halfStep;
+    return ((segmentAndStep - broadcast(T(segmentOfOne))) << (stepBit - 32 + 8 * int(sizeof(T)))) +
+           floatBits<T>(halfStep);
 }
 
 ARK_INLINE Vec<float> asFloats(Vec<int> v) { return fromInts<float>(v).part[0]; }
@@ -66,12 +73,22 @@ struct ALaw {
     }
 
     // The value is the float of these bits less an offset: in segment 0 what it would be in segment 1, less 2^8.
-    static ARK_INLINE Vec<unsigned> bits(Vec<unsigned> code) { return valueBits(code + (isLinear(code) & 16)); }
-    static ARK_INLINE Vec<unsigned> offset(Vec<unsigned> code)
+    template <class T>
+    static ARK_INLINE Vec<T> bits(Vec<T> code)
     {
-        return isLinear(code) & (Vec<unsigned>)broadcast(256.0f);
+        return valueBits<T>(code + (isLinear<T>(code) & broadcast(T(16))));
     }
-    static ARK_INLINE Vec<unsigned> isLinear(Vec<unsigned> code) { return (Vec<unsigned>)((Vec<int>)code < 16); }
+    template <class T>
+    static ARK_INLINE Vec<T> offset(Vec<T> code)
+    {
+        return isLinear<T>(code) & floatBits<T>(__builtin_bit_cast(int, 256.0f));
+    }
+    template <class T>
+    static ARK_INLINE Vec<T> isLinear(Vec<T> code)
+    {
+        using Signed = std::make_signed_t<T>;
+        return (Vec<T>)(broadcast(Signed(16)) > (Vec<Signed>)code);
+    }
 };
 
 struct MuLaw {
@@ -81,12 +98,20 @@ struct MuLaw {
         return 127 - segmentAndStep(smaller(asFloats(magnitude + 131), broadcast(32767.0f)));
     }
 
-    static ARK_INLINE Vec<unsigned> bits(Vec<unsigned> code) { return valueBits(127 - code); }
-    static ARK_INLINE Vec<unsigned> offset(Vec<unsigned>) { return (Vec<unsigned>)broadcast(132.0f); }
+    template <class T>
+    static ARK_INLINE Vec<T> bits(Vec<T> code)
+    {
+        return valueBits<T>(broadcast(T(127)) - code);
+    }
+    template <class T>
+    static ARK_INLINE Vec<T> offset(Vec<T>)
+    {
+        return floatBits<T>(__builtin_bit_cast(int, 132.0f));
+    }
 };
 
 // body(i, reach) for every step elements and for those that are left.
-template <class Body>
+template <std::ptrdiff_t step, class Body>
 ARK_INLINE void inSteps(std::ptrdiff_t n, Body body)
 {
     std::ptrdiff_t i = 0;
@@ -99,17 +124,12 @@ ARK_INLINE void inSteps(std::ptrdiff_t n, Body body)
 template <class Law, class Linear>
 void encode(const Linear* src, unsigned char* dst, std::ptrdiff_t n)
 {
-    inSteps(n, [=](std::ptrdiff_t i, auto reach) {
+    inSteps<lanes<int>>(n, [=](std::ptrdiff_t i, auto reach) {
         const Sample s = sample(src + i, reach);
         storeInts(dst + i, Law::code(s.magnitude) | (~s.negative & 128), reach);
     });
 }
 
-template <class Reach>
-ARK_INLINE void storeValues(short* to, Vec<float> v, Reach reach)
-{
-    storeInts(to, roundToInts<3>(Lanes32<float>{{v}}), reach);
-}
 template <class Reach>
 ARK_INLINE void storeValues(int* to, Vec<float> v, Reach reach)
 {
@@ -129,15 +149,44 @@ ARK_INLINE void storeValues(double* to, Vec<float> v, Reach reach)
     storeLanes32(to, wide, reach);
 }
 
+// The difference of two floats, each in a lane of T.
+template <class T>
+struct Value {
+    Vec<T> bits, offset;
+};
+
+template <class Law, class T>
+ARK_INLINE Value<T> value(Vec<T> byte)
+{
+    const Vec<T> code = byte & broadcast(T(127)), sign = (~byte & broadcast(T(128))) << (8 * int(sizeof(T)) - 8);
+    // The sign goes to both, so that zero is never negative.
+    return {Law::template bits<T>(code) | sign, Law::template offset<T>(code) | sign};
+}
+
+template <class Law, class Linear, class Reach>
+ARK_INLINE void decodeStep(const unsigned char* src, Linear* dst, Reach reach)
+{
+    const Value<unsigned> x = value<Law, unsigned>((Vec<unsigned>)loadInts(src, reach));
+    storeValues(dst, (Vec<float>)x.bits - (Vec<float>)x.offset, reach);
+}
+
+// Twice as many elements: in lanes of 16 bits up to the subtraction.
+template <class Law, class Reach>
+ARK_INLINE void decodeStep(const unsigned char* src, short* dst, Reach reach)
+{
+    const Value<unsigned short> x = value<Law, unsigned short>(loadBytes(src, reach));
+    const Wide bits = interleave16(Bits{}, (Bits)x.bits), offset = interleave16(Bits{}, (Bits)x.offset);
+    const auto difference = [](Vec<int> a, Vec<int> b) {
+        return roundToInts<3>(Lanes32<float>{{(Vec<float>)a - (Vec<float>)b}});
+    };
+    store(dst, packSaturated({difference(bits.low, offset.low), difference(bits.high, offset.high)}), reach);
+}
+
 template <class Law, class Linear>
 void decode(const unsigned char* src, Linear* dst, std::ptrdiff_t n)
 {
-    inSteps(n, [=](std::ptrdiff_t i, auto reach) {
-        const Vec<unsigned> byte = (Vec<unsigned>)loadInts(src + i, reach), code = byte & 127,
-                            sign = (~byte & 128) << 24;
-        // The sign goes to both, so that zero is never negative.
-        storeValues(dst + i, (Vec<float>)(Law::bits(code) | sign) - (Vec<float>)(Law::offset(code) | sign), reach);
-    });
+    constexpr int step = sizeof(Linear) == sizeof(short) ? lanes<short> : lanes<int>;
+    inSteps<step>(n, [=](std::ptrdiff_t i, auto reach) { decodeStep<Law>(src + i, dst + i, reach); });
 }
 
 template <class Linear>

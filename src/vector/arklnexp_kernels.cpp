@@ -139,9 +139,7 @@ struct Ln {
     static ARK_INLINE Vec<T> apply(Vec<T> x)
     {
         using F = Format<T>;
-        using B = BitsVec<T>;
-        const B normal = (B)(x >= broadcast(F::least)) & (B)(x <= broadcast(F::most));
-        if (anySet(~normal)) [[unlikely]]
+        if (!allWithin(x, broadcast(F::least), broadcast(F::most))) [[unlikely]]
             return ofAny(x);
         return lnOfNormal<T>(x, Vec<T>{});
     }
@@ -190,7 +188,9 @@ struct ShortExp {
 template <class Function, class T>
 void each(const T* src, T* dst, std::ptrdiff_t n)
 {
-    eachLane(src, dst, n, [](Vec<T> x) { return Function::apply(x); });
+    // Ones are ordinary numbers to both functions.
+    eachLane(
+        src, dst, n, [](Vec<T> x) { return Function::apply(x); }, broadcast(T(1)));
 }
 
 } // namespace

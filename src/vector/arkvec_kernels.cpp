@@ -44,38 +44,95 @@ struct Cplx {
     Vec<T> re, im;
 };
 
-ARK_INLINE void storeParts(float* to, Vec<float> v) { store(to, v); }
-ARK_INLINE void storeParts(float* to, Vec<double> v) { storeDoubles(to, v); }
-ARK_INLINE void storeParts(double* to, Vec<double> v) { store(to, v); }
-ARK_INLINE void storeParts(short* to, Vec<double> v) { storeTruncated(to, roundTo<0>(v)); }
+// Two registers of parts, as they follow each other in memory, where they may be narrower. Where some are left, the
+// lanes behind them load as ones, or as zeros if they are integers.
+template <class Lane>
+struct TwoRegisters {
+    Vec<Lane> first, second;
+};
 
-// dst[i] = f(src[i]) for n pairs, computed in lanes of Lane. Where a part of a register is left, f sees ones behind it.
-template <class Lane, class Part, class Function>
-ARK_INLINE void eachPair(const Part* src, Part* dst, std::ptrdiff_t n, Function f)
+template <class Lane>
+ARK_INLINE TwoRegisters<Lane> loadTwo(const Lane* from, Whole)
 {
-    constexpr int width = lanes<Lane>;
-    const auto step = [&](const Part* from, Part* to) {
-        Vec<Lane> a, b;
-        if constexpr (sizeof(Lane) == sizeof(Part))
-            a = load(from), b = load(from + width);
-        else
-            a = loadDoubles(from), b = loadDoubles(from + width);
-        const Cplx<Lane> z = f(Cplx<Lane>{permute2<evenOfBoth>(a, b), permute2<oddOfBoth>(a, b)});
-        storeParts(to, permute2<lowOfBoth>(z.re, z.im));
-        storeParts(to + width, permute2<highOfBoth>(z.re, z.im));
+    return {load(from), load(from + lanes<Lane>)};
+}
+template <class Lane>
+ARK_INLINE TwoRegisters<Lane> loadTwo(const Lane* from, Part part)
+{
+    const Vec<Lane> ones = broadcast(Lane(1));
+    const std::ptrdiff_t beyond = part.count - lanes<Lane>;
+    if (beyond < 0)
+        return {load(from, part, ones), ones};
+    return {load(from), beyond > 0 ? load(from + lanes<Lane>, Part{beyond}, ones) : ones};
+}
+template <class Lane>
+ARK_INLINE void storeTwo(Lane* to, TwoRegisters<Lane> v, Whole)
+{
+    store(to, v.first);
+    store(to + lanes<Lane>, v.second);
+}
+template <class Lane>
+ARK_INLINE void storeTwo(Lane* to, TwoRegisters<Lane> v, Part part)
+{
+    const std::ptrdiff_t beyond = part.count - lanes<Lane>;
+    if (beyond < 0)
+        return storePart(to, v.first, part.count);
+    store(to, v.first);
+    if (beyond > 0)
+        storePart(to + lanes<Lane>, v.second, beyond);
+}
+
+// Narrower elements: Lane is double.
+template <class Lane, class Reach>
+ARK_INLINE TwoRegisters<Lane> loadTwo(const short* from, Reach reach)
+{
+    const Lanes32<double> v = fromInts<double>(loadInts(from, reach));
+    return {v.part[0], v.part[1]};
+}
+template <class Lane, class Reach>
+ARK_INLINE void storeTwo(short* to, TwoRegisters<Lane> v, Reach reach)
+{
+    storeInts(to, roundToInts<0>(Lanes32<double>{{v.first, v.second}}), reach);
+}
+template <class Lane>
+requires(sizeof(Lane) > sizeof(float)) ARK_INLINE TwoRegisters<Lane> loadTwo(const float* from, Whole)
+{
+    return {loadDoubles(from), loadDoubles(from + lanes<Lane>)};
+}
+template <class Lane>
+requires(sizeof(Lane) > sizeof(float)) ARK_INLINE TwoRegisters<Lane> loadTwo(const float* from, Part part)
+{
+    const Lanes32<double> v = fromFloats(load(from, part, broadcast(1.0f)));
+    return {v.part[0], v.part[1]};
+}
+template <class Lane>
+requires(sizeof(Lane) > sizeof(float)) ARK_INLINE void storeTwo(float* to, TwoRegisters<Lane> v, Whole)
+{
+    storeDoubles(to, v.first);
+    storeDoubles(to + lanes<Lane>, v.second);
+}
+template <class Lane>
+requires(sizeof(Lane) > sizeof(float)) ARK_INLINE void storeTwo(float* to, TwoRegisters<Lane> v, Part part)
+{
+    store(to, toFloats({{v.first, v.second}}), part);
+}
+
+// dst[i] = f(src[i]) for n pairs, computed in lanes of Lane.
+template <class Lane, class R, class Function>
+ARK_INLINE void eachPair(const R* src, R* dst, std::ptrdiff_t n, Function f)
+{
+    constexpr std::ptrdiff_t step = 2 * lanes<Lane>;
+    const auto apply = [&](std::ptrdiff_t i, auto reach) {
+        const TwoRegisters<Lane> v = loadTwo<Lane>(src + i, reach);
+        const Cplx<Lane> z =
+            f(Cplx<Lane>{permute2<evenOfBoth>(v.first, v.second), permute2<oddOfBoth>(v.first, v.second)});
+        storeTwo<Lane>(dst + i, {permute2<lowOfBoth>(z.re, z.im), permute2<highOfBoth>(z.re, z.im)}, reach);
     };
     std::ptrdiff_t i = 0;
-    for (; i + width <= n; i += width)
-        step(src + 2 * i, dst + 2 * i);
-    if (i < n) {
-        Part last[2 * width];
-        for (Part& part : last)
-            part = 1;
-        const std::size_t bytes = std::size_t(n - i) * 2 * sizeof(Part);
-        __builtin_memcpy(last, src + 2 * i, bytes);
-        step(last, last);
-        __builtin_memcpy(dst + 2 * i, last, bytes);
-    }
+    for (; i + step <= 2 * n; i += step)
+        apply(i, Whole{});
+    if (i < 2 * n)
+        apply(i, Part{2 * n - i});
 }
 
 // z * scale, where the power of two brings the larger part to 2 ... 4 (denormal numbers: to somewhere below), so that
@@ -126,10 +183,7 @@ bool realRoots(const T* src, T* dst, std::ptrdiff_t n)
         least = smaller(x, least); // the second operand where x is not a number
         return x < Vec<T>{} ? x : squareRoot(x);
     });
-    for (int lane = 0; lane < lanes<T>; lane++)
-        if (least[lane] < 0)
-            return true;
-    return false;
+    return anySet(least < Vec<T>{});
 }
 
 // The larger and the smaller part of the root's magnitude, which are the real and the imaginary part if re >= 0.
@@ -170,9 +224,9 @@ ARK_INLINE Exact square(Vec<double> x)
 // sqrt(s + rest): rounded, and what was lost.
 ARK_INLINE Exact preciseRoot(Vec<double> s, Vec<double> rest)
 {
-    const Vec<double> root = squareRoot(s);
+    const Vec<double> root = squareRoot(s), derivative = broadcast(0.5) / root;
     const Exact back = square(root);
-    return {root, (((s - back.high) - back.low) + rest) / (root + root)};
+    return {root, (((s - back.high) - back.low) + rest) * derivative};
 }
 
 // The larger part correct to little more than half an ulp, the smaller one, a quotient by it, to less than 2 ulps.
@@ -200,7 +254,7 @@ ARK_INLINE Cplx<double> principalRoot(Cplx<double> z, RootParts parts)
     const Vec<double> zero{}, infinity = broadcast(Format<double>::infinity);
     Vec<double> re = z.re < zero ? parts.smaller : parts.larger, im = z.re < zero ? parts.larger : parts.smaller;
     const Vec<double> absRe = magnitude<double>(z.re), absIm = magnitude<double>(z.im);
-    if (anySet((absRe == infinity) | (absIm == infinity))) [[unlikely]] {
+    if (!allWithin(larger(absRe, absIm), zero, broadcast(Format<double>::most))) [[unlikely]] {
         // An infinite real part leaves zero, or what is not a number, beside it; an infinite imaginary part wins.
         const Vec<double> rest = absIm * zero;
         const auto infinite = absRe == infinity, above = z.re > zero;
@@ -254,48 +308,60 @@ ARK_INLINE auto isInfinite(Cplx<R> z)
     return larger(magnitude<R>(z.re), magnitude<R>(z.im)) == broadcast(Format<R>::infinity);
 }
 
+// Between these nothing of what follows overflows, or is lost by underflow, that need not: levels and squared
+// magnitudes.
+template <class R>
+inline constexpr R leastModerate = sizeof(R) == 4 ? R(0x1p-60) : R(0x1p-500);
+template <class R>
+inline constexpr R mostModerate = 1 / leastModerate<R>;
+
+// What needs no scaling, lane by lane, and what does, where any lane does: which lanes lie side by side must not show.
+template <class R, class Scaled>
+ARK_INLINE Cplx<R> whereModerate(Cplx<R> z, Vec<R> norm, Vec<R> least, Cplx<R> plain, Scaled scaled)
+{
+    const Vec<R> most = broadcast(mostModerate<R>);
+    if (!allWithin(norm, least, most)) [[unlikely]] {
+        const auto moderate = (norm >= least) & (norm <= most);
+        const Cplx<R> other = scaled(z);
+        plain = {moderate ? plain.re : other.re, moderate ? plain.im : other.im};
+    }
+    return plain;
+}
+
+template <class R, bool above>
+ARK_INLINE Cplx<R> limitedScaled(Cplx<R> z, Vec<R> bound)
+{
+    const Vec<R> zero{}, one = broadcast(R(1)), infinity = broadcast(Format<R>::infinity);
+    const Scaled<R> s = scaled(z);
+    const Vec<R> scaledBound = bound * s.scale, boundNorm = scaledBound * scaledBound;
+    const Vec<R> norm = s.norm + (isInfinite(z) ? infinity : zero); // not a number if a part is not
+    const auto beyond = above ? norm > boundNorm : norm < boundNorm;
+    const Vec<R> toUnit = one / squareRoot(s.norm);
+    // Rounding must not carry a part beyond the level, which may be the largest number.
+    const auto limited = [=](Vec<R> x) { return withSign<R>(smaller(bound, magnitude<R>(x)), x); };
+    Cplx<R> moved{limited(s.z.re * toUnit * bound), limited(s.z.im * toUnit * bound)};
+    if (!above) {
+        moved.re = norm == zero ? bound : moved.re;
+        moved.im = norm == zero ? zero : moved.im;
+    }
+    return {beyond ? moved.re : z.re, beyond ? moved.im : z.im};
+}
+
 template <class T, bool above>
 void complexThresh(const T* src, T* dst, std::ptrdiff_t n, Real<T> level)
 {
     using R = Real<T>;
-    const Vec<R> bound = broadcast(level), zero{}, one = broadcast(R(1)), infinity = broadcast(Format<R>::infinity);
+    const Vec<R> one = broadcast(R(1)), bound = broadcast(level), boundNorm = bound * bound;
+    const bool moderate = level >= leastModerate<R> && level <= mostModerate<R>;
+    // Limits from above leave small elements alone, however inexact their norm.
+    const Vec<R> least = broadcast(!moderate ? Format<R>::infinity : above ? R(0) : leastModerate<R>);
     eachPair<R>(partsOf(src), partsOf(dst), n, [=](Cplx<R> z) {
-        const Scaled<R> s = scaled(z);
-        const Vec<R> scaledBound = bound * s.scale, boundNorm = scaledBound * scaledBound;
-        const Vec<R> norm = s.norm + (isInfinite(z) ? infinity : zero); // not a number if a part is not
+        const Vec<R> norm = z.re * z.re + z.im * z.im;
         const auto beyond = above ? norm > boundNorm : norm < boundNorm;
-        const Vec<R> toUnit = one / squareRoot(s.norm);
-        // Rounding must not carry a part beyond the level, which may be the largest number.
-        const auto limited = [=](Vec<R> x) { return withSign<R>(smaller(bound, magnitude<R>(x)), x); };
-        Cplx<R> moved{limited(s.z.re * toUnit * bound), limited(s.z.im * toUnit * bound)};
-        if (!above) {
-            moved.re = norm == zero ? bound : moved.re;
-            moved.im = norm == zero ? zero : moved.im;
-        }
-        return Cplx<R>{beyond ? moved.re : z.re, beyond ? moved.im : z.im};
+        const Vec<R> factor = beyond ? bound / squareRoot(norm) : one;
+        return whereModerate<R>(z, norm, least, {z.re * factor, z.im * factor},
+                                [=](Cplx<R> any) { return limitedScaled<R, above>(any, bound); });
     });
-}
-
-template <class T>
-ARK_INLINE bool anyZero(Vec<T> v)
-{
-    bool any = false;
-    for (int lane = 0; lane < lanes<T>; lane++)
-        any |= v[lane] == 0;
-    return any;
-}
-
-template <class T>
-ARK_INLINE Vec<T> leastMagnitude(Vec<T> least, Vec<T> x, Whole)
-{
-    return smaller(magnitude<T>(x), least);
-}
-template <class T>
-ARK_INLINE Vec<T> leastMagnitude(Vec<T> least, Vec<T> x, Part part)
-{
-    for (std::ptrdiff_t i = 0; i < part.count; i++)
-        least[0] = x[i] == 0 ? T(0) : least[0];
-    return least;
 }
 
 template <class T>
@@ -312,14 +378,15 @@ bool invThresh(const T* src, T* dst, std::ptrdiff_t n, T level)
         return false;
     }
     const Vec<T> most = broadcast(Format<T>::most);
-    const auto inverse = [=](Vec<T> x) { return x == zero ? most : one / x; };
     Vec<T> least = one;
-    downwards<lanes<T>, 1, true>(dst, n, [=, &least](std::ptrdiff_t i, auto reach) {
-        const Vec<T> x = load(src + i, reach);
-        least = leastMagnitude<T>(least, x, reach);
-        store(dst + i, inverse(x), reach);
-    });
-    return anyZero<T>(least);
+    eachLane(
+        src, dst, n,
+        [=, &least](Vec<T> x) {
+            least = smaller(magnitude<T>(x), least);
+            return x == zero ? most : one / x;
+        },
+        one);
+    return anySet(least == zero);
 }
 
 template <class T>
@@ -333,8 +400,8 @@ bool complexInvThresh(const T* src, T* dst, std::ptrdiff_t n, Real<T> level)
     const Vec<R> boundInverse = broadcast(1 / (level * up)), boundFactor = broadcast(up);
     const Vec<R> ofZero = broadcast(level == 0 ? F::most : 1 / level);
     Vec<R> least = one;
-    eachPair<R>(partsOf(src), partsOf(dst), n, [=, &least](Cplx<R> z) {
-        // conj(z) / |z|^2 or conj(z) / (|z| level)
+    // conj(z) / |z|^2 or conj(z) / (|z| level)
+    const auto ofAny = [=, &least](Cplx<R> z) {
         const Scaled<R> s = scaled(z);
         const Vec<R> scaledBound = bound * s.scale;
         const auto beyond = s.norm > scaledBound * scaledBound;
@@ -345,8 +412,15 @@ bool complexInvThresh(const T* src, T* dst, std::ptrdiff_t n, Real<T> level)
         const Cplx<R> inverse{s.z.re / divisor * factor * secondFactor, -s.z.im / divisor * factor * secondFactor};
         least = smaller(s.norm, least);
         return Cplx<R>{s.norm == zero ? ofZero : inverse.re, s.norm == zero ? zero : inverse.im};
+    };
+    const bool moderate = level == 0 || (level >= leastModerate<R> && level <= mostModerate<R>);
+    const Vec<R> leastNorm = broadcast(moderate ? leastModerate<R> : F::infinity), boundNorm = bound * bound;
+    eachPair<R>(partsOf(src), partsOf(dst), n, [=](Cplx<R> z) {
+        const Vec<R> norm = z.re * z.re + z.im * z.im;
+        const Vec<R> divisor = norm > boundNorm ? norm : squareRoot(norm) * bound, inverse = one / divisor;
+        return whereModerate<R>(z, norm, leastNorm, {z.re * inverse, -z.im * inverse}, ofAny);
     });
-    return level == 0 && anyZero<R>(least);
+    return level == 0 && anySet(least == zero);
 }
 
 } // namespace

@@ -13,7 +13,7 @@ namespace ark {
 template <class Real>
 const typename ConvertKernels<Real>::Integer& integerKernels(int wordBits, int flags)
 {
-    const int width = std::countr_zero(unsigned(wordBits)) - 3; // 8, 16, 32 bits: 0, 1, 2
+    const int width = wordBits >> 4; // 8, 16, 32 bits: 0, 1, 2
     return kernels<ConvertKernels<Real>>().integers[width][(flags & ARK_Unsigned) != 0];
 }
 
@@ -22,12 +22,21 @@ inline bool isWordSize(int wordBits) { return wordBits == 8 || wordBits == 16 ||
 // std::has_single_bit calls a function where the processor may lack an instruction that counts bits.
 inline bool hasSingleBit(unsigned bits) { return bits != 0 && (bits & (bits - 1)) == 0; }
 
+// Out of line: what must outlast the conversion would cost the calls that do not ask for it.
+template <class Real>
+[[gnu::noinline]] void convertAndReport(Where at, typename ConvertKernels<Real>::ToInt convert, const Real* src,
+                                        void* dst, int len, bool saturate)
+{
+    if (convert(src, dst, len, saturate))
+        badArgument(at, "Value out of range");
+}
+
 template <class Real>
 void floatToInt(Where at, const Real* src, void* dst, int len, int wordBits, int flags)
 {
     const auto roundingFlags = unsigned(flags) & (ARK_RoundNearest | ARK_RoundZero | ARK_RoundDown | ARK_RoundUp);
-    context().head.status = ARK_StatusOk;
-    if (!allGood(at, {{len <= 0, "len<=0"},
+    clearStatus();
+    if (!allHold(at, {{len <= 0, "len<=0"},
                       {!src, "src==0"},
                       {!dst, "dst==0"},
                       {!isWordSize(wordBits), "Invalid size of an integer"},
@@ -35,16 +44,17 @@ void floatToInt(Where at, const Real* src, void* dst, int len, int wordBits, int
         return;
     const int rounding = std::countr_zero(roundingFlags) - std::countr_zero(unsigned(ARK_RoundNearest));
     const auto convert = integerKernels<Real>(wordBits, flags).toInt[rounding];
-    const bool anyOutside = convert(src, dst, len, (flags & ARK_Saturate) != 0);
-    if (anyOutside && (flags & ARK_ReportRange))
-        badArgument(at, "Value out of range");
+    const bool saturate = (flags & ARK_Saturate) != 0;
+    if (flags & ARK_ReportRange)
+        return convertAndReport(at, convert, src, dst, len, saturate);
+    convert(src, dst, len, saturate);
 }
 
 template <class Real>
 void intToFloat(Where at, const void* src, Real* dst, int len, int wordBits, int flags)
 {
-    context().head.status = ARK_StatusOk;
-    if (allGood(at, {{len <= 0, "len<=0"},
+    clearStatus();
+    if (allHold(at, {{len <= 0, "len<=0"},
                      {!src, "src==0"},
                      {!dst, "dst==0"},
                      {!isWordSize(wordBits), "Invalid size of an integer"},

@@ -38,30 +38,36 @@ inline FixedRule fixedRule(Scaling scaling)
     return {saturate ? leftSaturateRule : leftRule, int((0u - unsigned(factor)) & 31)};
 }
 
+// dst = (a op b) >> shift with the smallest shift that makes everything fit. Out of line: it would cost the calls of
+// the other modes registers.
+[[gnu::noinline]] inline int automaticArithmetic(ShortOperation operation, const short* a, ShortOperand b, short* dst,
+                                                 std::ptrdiff_t lanes)
+{
+    // What is already stored is rescaled, not computed again: dst may be one of the operands.
+    const ShortArithKernels& kernel = kernels<ShortArithKernels>();
+    const std::ptrdiff_t stored = kernel.applyWhileFitting[operation](a, b, dst, lanes);
+    if (stored == lanes)
+        return 0;
+    const short* restA = a + stored;
+    const ShortOperand restB{b.data + stored * b.step, b.step};
+    const int shift = int(std::bit_width(kernel.magnitudeBits[operation](restA, restB, lanes - stored))) - 15;
+    kernel.shiftRight(dst, stored, shift);
+    kernel.rules[operation].apply[rightRule](restA, restB, dst + stored, lanes - stored, shift);
+    return shift;
+}
+
 // dst = a op b under a scale mode; lanes are 16-bit values, two for a complex element.
 inline void scaledArithmetic(Where at, ShortOperation operation, const short* a, ShortOperand b, short* dst,
                              std::ptrdiff_t lanes, Scaling scaling)
 {
-    const ShortArithKernels& kernel = kernels<ShortArithKernels>();
-    const auto& apply = kernel.rules[operation].apply;
-    if (scaling.mode != ARK_AUTO_SCALE) {
-        const FixedRule fixed = fixedRule(scaling);
-        return apply[fixed.rule](a, b, dst, lanes, fixed.count);
+    if (scaling.mode == ARK_AUTO_SCALE) {
+        if (!scaling.factor)
+            return badArgument(at, "scalefactor==0");
+        *scaling.factor = automaticArithmetic(operation, a, b, dst, lanes);
+        return;
     }
-    if (!scaling.factor)
-        return badArgument(at, "scalefactor==0");
-
-    // What is already stored is rescaled, not computed again: dst may be one of the operands.
-    const std::ptrdiff_t stored = kernel.applyWhileFitting[operation](a, b, dst, lanes);
-    int shift = 0;
-    if (stored < lanes) {
-        const short* restA = a + stored;
-        const ShortOperand restB{b.data + stored * b.step, b.step};
-        shift = int(std::bit_width(kernel.magnitudeBits[operation](restA, restB, lanes - stored))) - 15;
-        kernel.shiftRight(dst, stored, shift);
-        apply[rightRule](restA, restB, dst + stored, lanes - stored, shift);
-    }
-    *scaling.factor = shift;
+    const FixedRule fixed = fixedRule(scaling);
+    kernels<ShortArithKernels>().rules[operation].apply[fixed.rule](a, b, dst, lanes, fixed.count);
 }
 
 // ---- rescaling of wide intermediates: sums, transforms, filters; shift counts are capped ----

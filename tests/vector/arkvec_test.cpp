@@ -412,6 +412,35 @@ TEST(InvThresh, OfAllTypes)
     expectInverses(arkzbInvThresh1, arkzbInvThresh2);
 }
 
+// Moderate and extreme elements are computed in different ways, side by side in one register: that must not show.
+template <class T, class... Parameters>
+void expectSameAlone(void (*form2)(const T*, T*, int, Parameters...), Parameters... parameters)
+{
+    for (const std::vector<T>& source : vectors<T>(500)) {
+        std::vector<T> together(source.size());
+        form2(source.data(), together.data(), int(source.size()), parameters...);
+        for (std::size_t i = 0; i < source.size(); i++) {
+            T alone;
+            form2(&source[i], &alone, 1, parameters...);
+            ASSERT_EQ(std::memcmp(&alone, &together[i], sizeof alone), 0) << text(source[i]) << text(alone);
+        }
+    }
+}
+
+TEST(Thresholds, OfComplexNumbersDoNotDependOnTheirNeighbours)
+{
+    for (const float level : {0.75f, 1e-30f, 1e30f}) {
+        expectSameAlone<FloatCplx>(arkcbThresh2, level, int{ARK_GT});
+        expectSameAlone<FloatCplx>(arkcbThresh2, level, int{ARK_LT});
+        expectSameAlone<FloatCplx>(arkcbInvThresh2, level);
+    }
+    for (const double level : {0.75, 1e-300, 1e300}) {
+        expectSameAlone<DoubleCplx>(arkzbThresh2, level, int{ARK_GT});
+        expectSameAlone<DoubleCplx>(arkzbThresh2, level, int{ARK_LT});
+        expectSameAlone<DoubleCplx>(arkzbInvThresh2, level);
+    }
+}
+
 // Each call reports once, in a line that is not that of the checks of its arguments, and leaves its operand.
 TEST(ElementWiseReports, OfValues)
 {
