@@ -83,7 +83,7 @@ TYPED_TEST(CplxFft, EveryOrderDirectionAndForm)
     using R = TypeParam;
     using M = Members<R>;
     using Cplx = typename M::Cplx;
-    for (int order = 0; order <= 18; order++) {
+    for (int order = 0; order <= 20; order += order < 17 ? 1 : 3) { // the last one is computed as a matrix
         const std::size_t N = std::size_t{1} << order;
         const std::vector<std::size_t> places = reversedPlaces(order);
         for (const int direction : {int{ARK_Forw}, ARK_Inv | ARK_NoScale})
@@ -105,8 +105,6 @@ TYPED_TEST(CplxFft, EveryOrderDirectionAndForm)
                 M::fftNip(in.data(), out.data(), order, flags | (orderFlag ? 0 : ARK_NoBitRev));
                 EXPECT_TRUE(this->equal(out.data(), x.data(), N));
                 EXPECT_TRUE(this->equal(in.data(), source.data(), N));
-                if (order > 17)
-                    continue;
                 Guarded<R> re(N), im(N), reOut(N), imOut(N);
                 for (std::size_t i = 0; i < N; i++) {
                     re[i] = source[i].re;
@@ -136,7 +134,7 @@ TYPED_TEST(CplxFft, BitReversedThereAndBack)
 {
     using R = TypeParam;
     using M = Members<R>;
-    for (int order = 0; order <= 20; order += order < 16 ? 1 : 4) {
+    for (int order = 0; order <= 21; order += order < 16 ? 1 : 5) {
         auto x = this->signal(order, false);
         M::fft(x.data(), order, ARK_Forw | ARK_OutBitRev);
         M::fft(x.data(), order, ARK_Inv | ARK_InBitRev);
