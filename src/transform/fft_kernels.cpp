@@ -302,6 +302,7 @@ struct OuterSource {
     {
         return Outside<R, W, form>::load(vector, first + n * step);
     }
+    ARK_INLINE OuterSource beside(int i) const { return {vector, first + i * W, step}; }
 };
 template <class R, int W, Form form, bool scaled>
 struct OuterTarget {
@@ -316,6 +317,7 @@ struct OuterTarget {
         }
         Outside<R, W, form>::store(vector, first + n * step, x);
     }
+    ARK_INLINE OuterTarget beside(int i) const { return {vector, first + i * W, step, scale}; }
 };
 
 template <class R, int W>
@@ -334,12 +336,16 @@ ARK_INLINE void putCplx(R* to, Cplx<Reg<R, W>> x)
 template <class R, int W>
 struct InnerSource {
     const R* rows;
+    std::ptrdiff_t distance = 0; // to the rows beside
     ARK_INLINE Cplx<Reg<R, W>> operator()(std::ptrdiff_t n) const { return getCplx<R, W>(rows + n * 2 * W); }
+    ARK_INLINE InnerSource beside(int i) const { return {rows + i * distance, distance}; }
 };
 template <class R, int W>
 struct InnerTarget {
     R* rows;
+    std::ptrdiff_t distance = 0;
     ARK_INLINE void operator()(std::ptrdiff_t n, Cplx<Reg<R, W>> x) const { putCplx<R, W>(rows + n * 2 * W, x); }
+    ARK_INLINE InnerTarget beside(int i) const { return {rows + i * distance, distance}; }
 };
 
 // ---- the rows' transforms ----
@@ -419,14 +425,16 @@ ARK_INLINE void inPlaceButterfly(Source source, Target target, std::ptrdiff_t ro
     for (int j = 0; j < radix; j++)
         target(row + (toReversed ? reversed(j, radix) : j) * apart, x[j]);
 }
-template <class R, int W, int radix, bool toReversed, class Source, class Target>
+template <class R, int W, int radix, bool toReversed, int columns = 1, class Source, class Target>
 ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, RowsTable<R> table)
 {
     const std::ptrdiff_t apart = n / radix;
     for (std::ptrdiff_t block = 0; block < n * s; block += n) {
         const R* w = table.factors;
         for (std::ptrdiff_t row = block; row < block + apart; row++, w += 2 * (radix - 1))
-            inPlaceButterfly<R, W, radix, toReversed, true>(source, target, row, apart, w, table.eighth);
+            for (int i = 0; i < columns; i++)
+                inPlaceButterfly<R, W, radix, toReversed, true>(source.beside(i), target.beside(i), row, apart, w,
+                                                                table.eighth);
     }
 }
 // Of transforms as long as the radix: all factors are 1.
@@ -463,19 +471,22 @@ template <class R, int W, bool toReversed>
     });
 }
 
-// In place in the rows, but for the source of the first pass, which is not the only one.
-template <class R, int W, class Source>
+// In place in the rows, but for the source of the first pass, which is not the only one. Of one column of registers or
+// of more, whose rows are apart.
+template <class R, int W, int columns = 1, class Source>
 [[gnu::noinline]] void transformRowsToReversed(const Plan& plan, int passes, Source source, R* rows, RowsTable<R> table)
 {
     std::ptrdiff_t n = std::ptrdiff_t{1} << plan.m, s = 1;
+    const std::ptrdiff_t distance = n * 2 * W;
     for (int i = 0; i < passes; i++) {
         const int log2Radix = plan.log2Radix[i];
         if (i == 0)
             withRadix(log2Radix, [&]<int radix>(Index<radix>) ARK_INLINED {
-                inPlacePass<R, W, radix, true>(source, InnerTarget<R, W>{rows}, n, s, table);
+                inPlacePass<R, W, radix, true, columns>(source, InnerTarget<R, W>{rows, distance}, n, s, table);
             });
         else
-            innerPass<R, W, true>(log2Radix, rows, n, s, table);
+            for (int column = 0; column < columns; column++)
+                innerPass<R, W, true>(log2Radix, rows + column * distance, n, s, table);
         n >>= log2Radix;
         s <<= log2Radix;
         table.factors += n * 2 * ((1 << log2Radix) - 1);
@@ -483,28 +494,30 @@ template <class R, int W, class Source>
 }
 
 // The last pass to bit-reversed order, with its results put in natural order: rows in place, target in any order.
-template <class R, int W, int radix, class Source, class Target>
+template <class R, int W, int radix, int columns, class Source, class Target>
 ARK_INLINE void lastPass(Source source, Target target, std::ptrdiff_t M, R eighth)
 {
-    for (std::ptrdiff_t block = 0, k = 0; block < M; block += radix, k = nextReversed(k, M / radix)) {
-        Cplx<Reg<R, W>> x[radix];
-        ARK_UNROLL
-        for (int t = 0; t < radix; t++)
-            x[t] = source(block + t);
-        butterfly(x, eighth);
-        ARK_UNROLL
-        for (int j = 0; j < radix; j++)
-            target(k + j * (M / radix), x[j]);
-    }
+    for (std::ptrdiff_t block = 0, k = 0; block < M; block += radix, k = nextReversed(k, M / radix))
+        for (int i = 0; i < columns; i++) {
+            Cplx<Reg<R, W>> x[radix];
+            ARK_UNROLL
+            for (int t = 0; t < radix; t++)
+                x[t] = source.beside(i)(block + t);
+            butterfly(x, eighth);
+            ARK_UNROLL
+            for (int j = 0; j < radix; j++)
+                target.beside(i)(k + j * (M / radix), x[j]);
+        }
 }
 
 // In place in the rows, but for the target of the last pass, which is not the only one.
-template <class R, int W, class Target>
+template <class R, int W, int columns = 1, class Target>
 [[gnu::noinline]] void transformRowsFromReversed(const Plan& plan, int passes, R* rows, Target target,
                                                  RowsTable<R> table)
 {
     table.factors += plan.tableSize;
     std::ptrdiff_t n = 1, s = std::ptrdiff_t{1} << plan.m;
+    const std::ptrdiff_t distance = s * 2 * W;
     for (int i = plan.passes - 1; i >= passes; i--) {
         n <<= plan.log2Radix[i];
         s >>= plan.log2Radix[i];
@@ -517,10 +530,11 @@ template <class R, int W, class Target>
         s >>= log2Radix;
         if (i == 0)
             withRadix(log2Radix, [&]<int radix>(Index<radix>) ARK_INLINED {
-                inPlacePass<R, W, radix, false>(InnerSource<R, W>{rows}, target, n, s, table);
+                inPlacePass<R, W, radix, false, columns>(InnerSource<R, W>{rows, distance}, target, n, s, table);
             });
         else
-            innerPass<R, W, false>(log2Radix, rows, n, s, table);
+            for (int column = 0; column < columns; column++)
+                innerPass<R, W, false>(log2Radix, rows + column * distance, n, s, table);
     }
 }
 
@@ -887,6 +901,10 @@ constexpr int widthFor(int order)
 // its rows, or the opposite. What is transformed at a time stays in the cache, and the tables are short.
 constexpr int matrixFrom = 20;
 
+// The registers of columns that are read and written together: as many as two cache lines hold.
+template <class R, int W>
+constexpr int columnsAtATime = int(64 / (W * sizeof(R)));
+
 // What stands at the beginning of the table of one order, and where the rest of it stands, in reals from there.
 template <class R>
 struct Head {
@@ -1017,7 +1035,8 @@ std::size_t scratchSize(int order)
 {
     const Head<R> head = headFor<R>(order);
     const std::size_t whole = head.W == 0 ? 0 : std::size_t{2} << order;
-    return order < matrixFrom ? whole : whole + (std::size_t(2 * head.W) << head.plan.m);
+    return order < matrixFrom ? whole
+                              : whole + (std::size_t(2 * columnsAtATime<R, lanes<R>> * lanes<R>) << head.plan.m);
 }
 
 // ---- the whole transform ----
@@ -1283,7 +1302,9 @@ ARK_INLINE void multiplyRows(Source source, Target target, std::ptrdiff_t count,
     for (std::ptrdiff_t row = 0, next = 0; row < count; row += 4, next = nextReversed(next, count / 4))
         ARK_UNROLL
     for (int i = 0; i < 4; i++)
-        target(row + i, source(row + i) * factors(next + reversed(i, 4) * (count / 4), c));
+        for (int column = 0; column < columnsAtATime<R, W>; column++)
+            target.beside(column)(row + i, source.beside(column)(row + i) *
+                                               factors(next + reversed(i, 4) * (count / 4), c + column * W));
 }
 
 // W rows transposed: register i then has lane i of all of them.
@@ -1318,16 +1339,13 @@ template <class R, int W, Form form>
 void matrixToNatural(const Job<R>& job)
 {
     using V = Reg<R, W>;
-    constexpr int P = placesOf<V>;
+    constexpr int P = placesOf<V>, columns = columnsAtATime<R, W>;
     const Head<R>& head = job.head();
     const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
     R* const turned = job.scratch; // [k1 / W][n2][2 W]
     R* const rows = job.scratch + 2 * N1 * N2;
-    const InnerSource<R, W> source{rows};
     const MatrixFactors<R, W> factors(job);
-    for (std::ptrdiff_t c = 0; c < N2; c += W) {
-        transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2}, rows,
-                                      head.rowsTable(job.table));
+    const auto turn = [&](InnerSource<R, W> source, std::ptrdiff_t c) ARK_INLINED {
         for (std::ptrdiff_t k0 = 0, place = 0; k0 < N1; k0 += W, place = nextReversed(place, N1 / W)) {
             V re[W], im[W];
             ARK_UNROLL
@@ -1341,20 +1359,24 @@ void matrixToNatural(const Job<R>& job)
             transpose(im);
             R* const to = turned + (k0 * N2 + c * W) * 2;
             ARK_UNROLL
-            for (int lane = 0; lane < W; lane++) {
-                put(to + elementOf<P>(lane, W) * 2 * W, re[lane]);
-                put(to + elementOf<P>(lane, W) * 2 * W + W, im[lane]);
-            }
+            for (int lane = 0; lane < W; lane++)
+                putCplx<R, W>(to + elementOf<P>(lane, W) * 2 * W, {re[lane], im[lane]});
         }
+    };
+    for (std::ptrdiff_t c = 0; c < N2; c += columns * W) {
+        transformRowsToReversed<R, W, columns>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2},
+                                               rows, head.rowsTable(job.table));
+        for (int column = 0; column < columns; column++)
+            turn({rows + column * N1 * 2 * W}, c + column * W);
     }
-    for (std::ptrdiff_t k0 = 0; k0 < N1; k0 += W) {
+    for (std::ptrdiff_t k0 = 0; k0 < N1; k0 += columns * W) {
         R* const row = turned + k0 * N2 * 2;
-        const InnerSource<R, W> from{row};
-        transformRowsToReversed<R, W>(head.restPlan, head.restPlan.passes - 1, from, row,
-                                      head.restRowsTable(job.table));
+        const InnerSource<R, W> from{row, N2 * 2 * W};
+        transformRowsToReversed<R, W, columns>(head.restPlan, head.restPlan.passes - 1, from, row,
+                                               head.restRowsTable(job.table));
         withTarget<R, W, form>(job.dst, k0, N1, job.scale, [&](auto target) {
             withRadix(head.restPlan.log2Radix[head.restPlan.passes - 1], [&]<int radix>(Index<radix>) ARK_INLINED {
-                lastPass<R, W, radix>(from, target, N2, head.eighth);
+                lastPass<R, W, radix, columns>(from, target, N2, head.eighth);
             });
         });
     }
@@ -1367,11 +1389,12 @@ void matrixToReversed(const Job<R>& job)
     const Head<R>& head = job.head();
     const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
     R* const rows = job.scratch;
-    const InnerSource<R, W> source{rows};
+    const InnerSource<R, W> source{rows, N1 * 2 * W};
     const MatrixFactors<R, W> factors(job);
-    for (std::ptrdiff_t c = 0; c < N2; c += W) {
-        transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2}, rows,
-                                      head.rowsTable(job.table));
+    constexpr int columns = columnsAtATime<R, W>;
+    for (std::ptrdiff_t c = 0; c < N2; c += columns * W) {
+        transformRowsToReversed<R, W, columns>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2},
+                                               rows, head.rowsTable(job.table));
         const OuterTarget<R, W, form, false> target{job.dst, c, N2, 1};
         multiplyRows(source, target, N1, factors, c);
     }
@@ -1389,13 +1412,15 @@ void matrixFromReversed(const Job<R>& job)
     for (std::ptrdiff_t row = 0; row < N1; row++)
         shortFromReversedFrom<R, W, form>({job.src, job.dst, job.table + head.inner, job.scratch, 1}, row * N2);
     R* const rows = job.scratch;
-    const InnerTarget<R, W> inner{rows};
+    const InnerTarget<R, W> inner{rows, N1 * 2 * W};
     const MatrixFactors<R, W> factors(job);
-    for (std::ptrdiff_t c = 0; c < N2; c += W) {
+    constexpr int columns = columnsAtATime<R, W>;
+    for (std::ptrdiff_t c = 0; c < N2; c += columns * W) {
         const OuterSource<R, W, form> source{{job.dst.re, job.dst.im}, c, N2};
         multiplyRows(source, inner, N1, factors, c);
         withTarget<R, W, form>(job.dst, c, N2, job.scale, [&](auto target) {
-            transformRowsFromReversed<R, W>(head.plan, head.plan.passes, rows, target, head.rowsTable(job.table));
+            transformRowsFromReversed<R, W, columns>(head.plan, head.plan.passes, rows, target,
+                                                     head.rowsTable(job.table));
         });
     }
 }
