@@ -1,0 +1,418 @@
+// The DFT of a length with small prime factors.
+//
+// With n = columns n1 + n2 and k = k1 + rows k2
+//
+//   X[k] = sum over n2 of  w_columns^(n2 k2)  w_length^(n2 k1)  sum over n1 of w_rows^(n1 k1) x[n]
+//
+// The inner sums run with columns n2 in the lanes, the outer ones with k1 in the lanes, so that both read and write
+// whole registers of the caller's neighbours; between them stands a transposition. Each is a chain of Stockham passes
+// over a block: a register of real and one of imaginary parts a row, and factors that all lanes share.
+//
+// Pairs are taken apart, and put together, inside blocks of 128 bits only. So the lanes of a block are in the order of
+// dftLane in both halves; the transposition picks its rows in that order.
+#include "transform/dft_kernels.hpp"
+#include "frame/kernels.hpp"
+#include "frame/simd.hpp"
+
+namespace ark::ARK_SET {
+namespace {
+
+using V = Vec<double>;
+constexpr std::ptrdiff_t W = lanes<double>;
+constexpr std::ptrdiff_t rowSize = 2 * W; // doubles
+
+struct Cplx {
+    V re, im;
+};
+ARK_INLINE Cplx operator+(Cplx a, Cplx b) { return {a.re + b.re, a.im + b.im}; }
+ARK_INLINE Cplx operator-(Cplx a, Cplx b) { return {a.re - b.re, a.im - b.im}; }
+ARK_INLINE Cplx operator*(Cplx a, Cplx b) { return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re}; }
+ARK_INLINE Cplx operator*(double factor, Cplx a) { return {factor * a.re, factor * a.im}; }
+ARK_INLINE Cplx timesMinusI(Cplx a) { return {a.im, -a.re}; }
+
+// ---- permutations inside blocks of 128 bits, and of blocks ----
+
+// Of every two groups of lanes, the low ones of a and b, or the high ones.
+template <int group>
+constexpr int lowGroups(int lane, int lanes)
+{
+    return lane / group % 2 ? lanes + lane - group : lane;
+}
+template <int group>
+constexpr int highGroups(int lane, int lanes)
+{
+    return lowGroups<group>(lane, lanes) + group;
+}
+
+// Register i then has lane i of all of them.
+template <int group = 1>
+ARK_INLINE void transpose(V* x)
+{
+    if constexpr (group < W) {
+        ARK_UNROLL
+        for (int i = 0; i < W; i++)
+            if (i / group % 2 == 0) {
+                const V a = x[i], b = x[i + group];
+                x[i] = permute2<lowGroups<group>>(a, b);
+                x[i + group] = permute2<highGroups<group>>(a, b);
+            }
+        transpose<2 * group>(x);
+    }
+}
+
+// ---- where the passes read and write ----
+
+struct Rows {
+    double* rows;
+
+    ARK_INLINE Cplx get(std::ptrdiff_t row) const
+    {
+        return {load(rows + row * rowSize), load(rows + row * rowSize + W)};
+    }
+    ARK_INLINE void put(std::ptrdiff_t row, Cplx x) const
+    {
+        store(rows + row * rowSize, x.re);
+        store(rows + row * rowSize + W, x.im);
+    }
+};
+
+template <class R>
+struct PairsSource {
+    const R* pairs;
+    std::ptrdiff_t stride; // reals
+    double sign;
+
+    ARK_INLINE Cplx get(std::ptrdiff_t row) const
+    {
+        const V a = loadDoubles(pairs + row * stride), b = loadDoubles(pairs + row * stride + W);
+        return {permute2<lowGroups<1>>(a, b), sign * permute2<highGroups<1>>(a, b)};
+    }
+};
+
+template <class R>
+struct PairsTarget {
+    R* pairs;
+    std::ptrdiff_t stride; // reals
+    double reScale, imScale;
+
+    ARK_INLINE void put(std::ptrdiff_t row, Cplx x) const
+    {
+        const V re = x.re * reScale, im = x.im * imScale;
+        storeDoubles(pairs + row * stride, permute2<lowGroups<1>>(re, im));
+        storeDoubles(pairs + row * stride + W, permute2<highGroups<1>>(re, im));
+    }
+};
+
+// ---- butterflies ----
+
+// The cosine and the sine of 2 pi i / N.
+constexpr long double cosineOf(int i, int N)
+{
+    const long double angle = 2 * 3.14159265358979323846264338327950288L * (2 * i > N ? N - i : i) / N;
+    long double term = 1, sum = 1;
+    for (int n = 2; n < 40; n += 2) {
+        term *= -angle * angle / (n * (n - 1));
+        sum += term;
+    }
+    return sum;
+}
+constexpr long double sineOf(int i, int N)
+{
+    const long double angle = 2 * 3.14159265358979323846264338327950288L * (2 * i > N ? N - i : i) / N;
+    long double term = angle, sum = angle;
+    for (int n = 3; n < 41; n += 2) {
+        term *= -angle * angle / (n * (n - 1));
+        sum += term;
+    }
+    return 2 * i > N ? -sum : sum;
+}
+
+template <int N>
+struct RootsOf {
+    double cosine[N]{}, sine[N]{};
+
+    constexpr RootsOf()
+    {
+        for (int i = 0; i < N; i++) {
+            cosine[i] = double(cosineOf(i, N));
+            sine[i] = double(sineOf(i, N));
+        }
+    }
+};
+template <int N>
+constexpr RootsOf<N> rootsOf{};
+
+ARK_INLINE void butterfly2(Cplx& a, Cplx& b)
+{
+    const Cplx difference = a - b;
+    a = a + b;
+    b = difference;
+}
+// Results in order.
+ARK_INLINE void butterfly4(Cplx& a, Cplx& b, Cplx& c, Cplx& d)
+{
+    butterfly2(a, c);
+    butterfly2(b, d);
+    const Cplx turned = timesMinusI(d), other = c;
+    butterfly2(a, b);
+    c = b;
+    b = other + turned;
+    d = other - turned;
+}
+
+// Odd radices: the sums of opposite elements meet the cosines only, the differences the sines only.
+template <int radix>
+ARK_INLINE void butterfly(Cplx (&x)[radix])
+{
+    constexpr int half = radix / 2;
+    const Cplx first = x[0];
+    Cplx sums[half + 1], differences[half + 1];
+    ARK_UNROLL
+    for (int k = 1; k <= half; k++) {
+        sums[k] = x[k] + x[radix - k];
+        differences[k] = x[k] - x[radix - k];
+        x[0] = x[0] + sums[k];
+    }
+    ARK_UNROLL
+    for (int m = 1; m <= half; m++) {
+        Cplx even = first + rootsOf<radix>.cosine[m] * sums[1], odd = rootsOf<radix>.sine[m] * differences[1];
+        ARK_UNROLL
+        for (int k = 2; k <= half; k++) {
+            even = even + rootsOf<radix>.cosine[m * k % radix] * sums[k];
+            odd = odd + rootsOf<radix>.sine[m * k % radix] * differences[k];
+        }
+        x[m] = even + timesMinusI(odd);
+        x[radix - m] = even - timesMinusI(odd);
+    }
+}
+template <>
+ARK_INLINE void butterfly<1>(Cplx (&)[1])
+{}
+template <>
+ARK_INLINE void butterfly<2>(Cplx (&x)[2])
+{
+    butterfly2(x[0], x[1]);
+}
+template <>
+ARK_INLINE void butterfly<4>(Cplx (&x)[4])
+{
+    butterfly4(x[0], x[1], x[2], x[3]);
+}
+template <>
+ARK_INLINE void butterfly<8>(Cplx (&x)[8])
+{
+    Cplx even[4] = {x[0], x[2], x[4], x[6]}, odd[4] = {x[1], x[3], x[5], x[7]};
+    butterfly(even);
+    butterfly(odd);
+    constexpr double half = 0.70710678118654752440;
+    odd[1] = half * (odd[1] + timesMinusI(odd[1]));
+    odd[2] = timesMinusI(odd[2]);
+    odd[3] = half * (timesMinusI(odd[3]) - odd[3]);
+    ARK_UNROLL
+    for (int k = 0; k < 4; k++) {
+        x[k] = even[k] + odd[k];
+        x[k + 4] = even[k] - odd[k];
+    }
+}
+
+// ---- passes ----
+
+// One butterfly for each of s neighbours.
+template <int radix, bool hasFactors, class Source, class Target>
+ARK_INLINE void butterflies(Source source, std::ptrdiff_t from, std::ptrdiff_t apart, Target target, std::ptrdiff_t to,
+                            std::ptrdiff_t s, const double* factors)
+{
+    for (std::ptrdiff_t q = 0; q < s; q++) {
+        Cplx x[radix];
+        ARK_UNROLL
+        for (int k = 0; k < radix; k++)
+            x[k] = source.get(from + q + k * apart);
+        butterfly(x);
+        ARK_UNROLL
+        for (int j = 0; j < radix; j++)
+            if constexpr (hasFactors)
+                target.put(to + q + j * s,
+                           j == 0 ? x[j] : x[j] * Cplx{broadcast(factors[2 * j - 2]), broadcast(factors[2 * j - 1])});
+            else
+                target.put(to + q + j * s, x[j]);
+    }
+}
+
+// A pass of transforms of length n, s of them side by side. Source and target may be the same when n is the radix.
+// Returns where the next pass's factors are.
+template <int radix, bool isLast, class Source, class Target>
+ARK_INLINE const double* pass(Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, const double* factors)
+{
+    const std::ptrdiff_t count = isLast ? 1 : n / radix, apart = s * count;
+    butterflies<radix, false>(source, 0, apart, target, 0, s, nullptr);
+    if constexpr (!isLast)
+        for (std::ptrdiff_t p = 1; p < count; p++, factors += 2 * (radix - 1))
+            butterflies<radix, true>(source, s * p, apart, target, s * radix * p, s, factors);
+    return factors;
+}
+
+template <bool isLast, class Source, class Target>
+[[gnu::noinline]] const double* passOf(int radix, Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s,
+                                       const double* factors)
+{
+    switch (radix) {
+    case 2: return pass<2, isLast>(source, target, n, s, factors);
+    case 3: return pass<3, isLast>(source, target, n, s, factors);
+    case 4: return pass<4, isLast>(source, target, n, s, factors);
+    case 5: return pass<5, isLast>(source, target, n, s, factors);
+    case 7: return pass<7, isLast>(source, target, n, s, factors);
+    case 8: return pass<8, isLast>(source, target, n, s, factors);
+    case 11: return pass<11, isLast>(source, target, n, s, factors);
+    case 13: return pass<13, isLast>(source, target, n, s, factors);
+    default: return pass<1, isLast>(source, target, n, s, factors);
+    }
+}
+
+// The doubles of the factors of a chain of passes.
+ARK_INLINE std::ptrdiff_t factorsOf(const int* radices, std::ptrdiff_t n)
+{
+    std::ptrdiff_t size = 0;
+    for (; radices[1]; radices++) {
+        size += 2 * (*radices - 1) * (n / *radices - 1);
+        n /= *radices;
+    }
+    return size;
+}
+
+// The passes of transforms of length n from the first on, between two blocks in turn.
+struct Chain {
+    const int* radices;
+    std::ptrdiff_t n;
+    const double* factors;
+    std::ptrdiff_t s = 1;
+
+    ARK_INLINE bool isLast() const { return radices[1] == 0; }
+
+    template <bool last, class Source, class Target>
+    ARK_INLINE void next(Source source, Target target)
+    {
+        factors = passOf<last>(*radices, source, target, n, s, factors);
+        n /= *radices;
+        s *= *radices;
+        radices++;
+    }
+    ARK_INLINE void next(Rows& rows, Rows& others)
+    {
+        next<false>(rows, others);
+        const Rows swapped = rows;
+        rows = others;
+        others = swapped;
+    }
+};
+
+ARK_INLINE std::ptrdiff_t larger(std::ptrdiff_t a, std::ptrdiff_t b) { return a > b ? a : b; }
+
+// A register's worth of rows or columns: where the blocks do not fill all of them the last one overlaps the one before.
+ARK_INLINE std::ptrdiff_t blocksOf(std::ptrdiff_t count) { return (count + W - 1) / W; }
+ARK_INLINE std::ptrdiff_t beginOf(std::ptrdiff_t block, std::ptrdiff_t count)
+{
+    return block > 0 && (block + 1) * W > count ? count - W : block * W;
+}
+
+// The scratch: for each block of rows a row for each column; two blocks; and the caller's pairs once more where whole
+// registers reach beyond them.
+struct Scratch {
+    std::ptrdiff_t first, second, pairs, size; // doubles
+
+    ARK_INLINE static Scratch of(std::ptrdiff_t rows, std::ptrdiff_t columns)
+    {
+        Scratch scratch;
+        scratch.first = blocksOf(rows) * columns * rowSize;
+        scratch.second = scratch.first + larger(rows, columns) * rowSize;
+        scratch.pairs = scratch.second + rows * rowSize;
+        scratch.size = scratch.pairs;
+        if (rows < W || columns < W)
+            scratch.size += larger(2 * rows * columns + rowSize, columns * rowSize);
+        return scratch;
+    }
+};
+
+std::size_t scratchSize(const DftPlan& plan) { return std::size_t(Scratch::of(plan.rows, plan.columns).size); }
+
+// A block of columns, transposed into the middle, the factors multiplied in.
+ARK_INLINE void transposeBlock(Rows from, std::ptrdiff_t rows, const double* factors, double* middle,
+                               std::ptrdiff_t columns, std::ptrdiff_t begin)
+{
+    for (std::ptrdiff_t block = 0; block < blocksOf(rows); block++) {
+        const Rows target{middle + (block * columns + begin) * rowSize};
+        V re[W], im[W];
+        ARK_UNROLL
+        for (int l = 0; l < W; l++) {
+            const std::ptrdiff_t row = beginOf(block, rows) + dftLane(l, W);
+            const Cplx x = row < rows ? from.get(row) * Rows{const_cast<double*>(factors)}.get(row) : Cplx{};
+            re[l] = x.re;
+            im[l] = x.im;
+        }
+        transpose(re);
+        transpose(im);
+        ARK_UNROLL
+        for (int l = 0; l < W; l++)
+            if (dftLane(l, W) < columns)
+                target.put(dftLane(l, W), {re[l], im[l]});
+    }
+}
+
+template <class R>
+void transform(const R* src, R* dst, const DftPlan& plan, const double* table, double* scratch, double sign,
+               double reScale, double imScale)
+{
+    const std::ptrdiff_t rows = plan.rows, columns = plan.columns;
+    const Scratch places = Scratch::of(rows, columns);
+    R* const pairs = reinterpret_cast<R*>(scratch + places.pairs);
+    const double* const columnFactors = table + factorsOf(plan.rowRadices, rows);
+    const double* factors = columnFactors + factorsOf(plan.columnRadices, columns);
+
+    if (columns < W) {
+        __builtin_memcpy(pairs, src, std::size_t(2 * rows * columns) * sizeof(R));
+        for (std::ptrdiff_t i = 0; i < rowSize; i++)
+            pairs[2 * rows * columns + i] = 0;
+        src = pairs;
+    }
+    for (std::ptrdiff_t block = 0; block < blocksOf(columns); block++, factors += rows * rowSize) {
+        const std::ptrdiff_t begin = beginOf(block, columns);
+        Rows block0{scratch + places.first}, block1{scratch + places.second};
+        Chain chain{plan.rowRadices, rows, table};
+        chain.next<false>(PairsSource<R>{src + 2 * begin, 2 * columns, sign}, block0);
+        while (*chain.radices)
+            chain.next(block0, block1);
+        transposeBlock(block0, rows, factors, scratch, columns, begin);
+    }
+
+    for (std::ptrdiff_t block = 0; block < blocksOf(rows); block++) {
+        Rows block0{scratch + block * columns * rowSize}, block1{scratch + places.first};
+        Chain chain{plan.columnRadices, columns, columnFactors};
+        while (!chain.isLast())
+            chain.next(block0, block1);
+        if (rows >= W)
+            chain.next<true>(block0, PairsTarget<R>{dst + 2 * beginOf(block, rows), 2 * rows, reScale, imScale});
+        else
+            chain.next<true>(block0, PairsTarget<R>{pairs, rowSize, reScale, imScale});
+    }
+    if (rows >= W)
+        return;
+    // From the first on, so that what reaches into the next one is overwritten.
+    std::ptrdiff_t column = 0;
+    for (; 2 * column * rows + rowSize <= 2 * rows * columns; column++)
+        __builtin_memcpy(dst + 2 * column * rows, pairs + column * rowSize, std::size_t(rowSize) * sizeof(R));
+    for (; column < columns; column++)
+        for (std::ptrdiff_t i = 0; i < 2 * rows; i++)
+            dst[2 * column * rows + i] = pairs[column * rowSize + i];
+}
+
+template <class R>
+constexpr DftKernels<R> dftTable{int(W), scratchSize, transform<R>};
+
+} // namespace
+
+extern const DftKernels<float> dftC;
+extern const DftKernels<double> dftZ;
+
+constinit const DftKernels<float> dftC = dftTable<float>;
+constinit const DftKernels<double> dftZ = dftTable<double>;
+
+} // namespace ark::ARK_SET
