@@ -1,7 +1,7 @@
 // The discrete cosine transform, types II and III, scaled to be orthonormal.
 #pragma once
 
-#include "transform/chirp.hpp"
+#include "transform/anydft.hpp"
 #include "transform/realfft.hpp"
 #include "transform/shelf.hpp"
 #include "vector/scale.hpp"
@@ -177,7 +177,7 @@ bool summedDct(const R* src, R* dst, int len, bool inverse)
         for (std::uint64_t i = 0; i < 4 * std::uint64_t(len); i++)
             cosines[i] = double(std::cos(dctAngle(i, len)));
     };
-    const Borrowed<double> table{dctShelf, len, 4 * std::uint64_t(len), fill};
+    const Borrowed<double> table{dctShelf, len, [=] { return 4 * std::uint64_t(len); }, fill};
     const auto N = std::size_t(len);
     Buffer<double> work{N};
     if (!table || !work)
@@ -258,7 +258,8 @@ bool fastDct(const R* src, R* dst, int len, bool inverse)
     Workspace<double> space;
     if (!obtain(ccsKind, order, space))
         return false;
-    const Borrowed<double> table{dctShelf, len, N, [=](double* turns) { fillScaledTurns(len, N / 2, turns); }};
+    const Borrowed<double> table{dctShelf, len, [=] { return N; },
+                                 [=](double* turns) { fillScaledTurns(len, N / 2, turns); }};
     Buffer<double> work{N};
     if (!table || !work)
         return false;
@@ -299,56 +300,61 @@ inline void recombineToReal(DoubleCplx* z, std::size_t half, const double* turns
     }
 }
 
-// Other even lengths: the chirp serves half the length.
+// So that what follows begins a cache line.
+inline std::size_t roundedUp(std::size_t size) { return (size + 7) / 8 * 8; }
+
+// Other even lengths: a complex transform of half the length.
 template <class R>
-bool evenChirpDct(const R* src, R* dst, int len, bool inverse)
+bool evenDctOfHalf(const R* src, R* dst, int len, bool inverse)
 {
     const int half = len / 2;
     const auto N = std::size_t(len), H = std::size_t(half);
-    Workspace<double> space;
-    if (!obtainChirpSpace(half, space))
+    AnyDft dft{half};
+    if (!dft.obtain())
         return false;
-    const std::size_t size = chirpSize(half);
-    const Borrowed<double> table{dctShelf, len, size + 2 * std::uint64_t{H} + H + 2, [&](double* values) {
-                                     fillChirp(half, space, values);
-                                     fillScaledTurns(len, H, values + size);
-                                     fillTurns(len, 4, 1, H / 2 + 1, values + size + 2 * H);
+    const std::size_t turnsSize = roundedUp(2 * H + 2 * (H / 2 + 1));
+    const Borrowed<double> table{dctShelf, len, [=] { return turnsSize + anyDftSize(half); },
+                                 [&](double* turns) {
+                                     fillScaledTurns(len, H, turns);
+                                     fillTurns(len, 4, 1, H / 2 + 1, turns + 2 * H);
+                                     dft.fill(turns + turnsSize);
                                  }};
-    Buffer<DoubleCplx> z{std::size_t{1} << chirpOrder(half)};
-    if (!table || !z)
+    if (!table || !dft.prepare(table.values() + turnsSize))
         return false;
-    const double *const turns = table.values() + size, *const halfTurns = turns + 2 * H;
+    const double *const turns = table.values(), *const halfTurns = turns + 2 * H;
+    DoubleCplx* const z = dft.elements();
     if (inverse)
-        evenInverseDct(src, dst, N, turns, partsOf(z.data()), [&](double* x) {
-            recombineToReal(z.data(), H, halfTurns);
-            chirpDft(z.data(), half, table.values(), space);
+        evenInverseDct(src, dst, N, turns, partsOf(z), [&](double* x) {
+            recombineToReal(z, H, halfTurns);
+            dft.transform();
             for (std::size_t n = 1; n < N; n += 2)
                 x[n] = -x[n];
         });
     else
-        evenDct(src, dst, N, turns, partsOf(z.data()), [&](double*) {
-            chirpDft(z.data(), half, table.values(), space);
-            recombineToSpectrum(z.data(), H, halfTurns);
+        evenDct(src, dst, N, turns, partsOf(z), [&](double*) {
+            dft.transform();
+            recombineToSpectrum(z, H, halfTurns);
         });
     return true;
 }
 
 // Odd lengths: a complex spectrum, forward in both directions, since the inverse's result is real.
 template <class R>
-bool oddChirpDct(const R* src, R* dst, int len, bool inverse)
+bool oddDct(const R* src, R* dst, int len, bool inverse)
 {
-    Workspace<double> space;
-    if (!obtainChirpSpace(len, space))
+    AnyDft dft{len};
+    if (!dft.obtain())
         return false;
-    const std::size_t N = std::size_t(len), size = chirpSize(len);
-    const Borrowed<double> table{dctShelf, len, size + 2 * std::uint64_t{N}, [&](double* values) {
-                                     fillChirp(len, space, values);
-                                     fillScaledTurns(len, N, values + size);
+    const std::size_t N = std::size_t(len), turnsSize = roundedUp(2 * N);
+    const Borrowed<double> table{dctShelf, len, [=] { return turnsSize + anyDftSize(len); },
+                                 [&](double* turns) {
+                                     fillScaledTurns(len, N, turns);
+                                     dft.fill(turns + turnsSize);
                                  }};
-    Buffer<DoubleCplx> z{std::size_t{1} << chirpOrder(len)};
-    if (!table || !z)
+    if (!table || !dft.prepare(table.values() + turnsSize))
         return false;
-    const double* const turns = table.values() + size;
+    const double* const turns = table.values();
+    DoubleCplx* const z = dft.elements();
     const double first = 1 / std::sqrt(double(N));
     const auto place = [=](std::size_t n) { return n % 2 ? N - 1 - n / 2 : n / 2; };
     if (inverse) {
@@ -358,13 +364,13 @@ bool oddChirpDct(const R* src, R* dst, int len, bool inverse)
             const double cosine = turns[2 * k], sine = turns[2 * k + 1];
             z[k] = {a * cosine + b * sine, b * cosine - a * sine}; // conjugate
         }
-        chirpDft(z.data(), len, table.values(), space);
+        dft.transform();
         for (std::size_t n = 0; n < N; n++)
             dst[n] = R(z[place(n)].re);
     } else {
         for (std::size_t n = 0; n < N; n++)
             z[place(n)] = {double(src[n]), 0};
-        chirpDft(z.data(), len, table.values(), space);
+        dft.transform();
         dst[0] = R(z[0].re * first);
         for (std::size_t k = 1; k < N; k++)
             dst[k] = R(z[k].re * turns[2 * k] + z[k].im * turns[2 * k + 1]);
@@ -398,8 +404,8 @@ bool computeDct(const R* src, R* dst, int len, int flags)
     const bool isPower = std::has_single_bit(unsigned(len));
     const auto compute = isPower                   ? &fastDct<R>
                          : len <= longestSummedDct ? &summedDct<R>
-                         : len % 2                 ? &oddChirpDct<R>
-                                                   : &evenChirpDct<R>;
+                         : len % 2                 ? &oddDct<R>
+                                                   : &evenDctOfHalf<R>;
     return computedWithin([=] { return compute(src, dst, len, inverse); });
 }
 

@@ -81,11 +81,13 @@ bool computeDft(const C* x, C* y, int len, TwiddleTables::Dft& entry, bool inver
     using R = Real<C>;
     const double sign = inverse ? -1 : 1, imScale = sign * scale;
     if (hasSmallFactors(len)) {
-        const double* const block = isTooLongForMixed(len)
-                                        ? nullptr
-                                        : entry.fast.table<double>([=] { return mixedSize(len); },
-                                                                   [=](double* values) { fillMixed(len, values); });
-        return block && mixedDft(partsOf(x), partsOf(y), block, sign, scale, imScale);
+        MixedDft mixed;
+        if (isTooLongForMixed(len) ||
+            !mixed.prepare(entry.fast.table<double>([=] { return mixedSize(len); },
+                                                    [=](double* block) { fillMixed(len, block); })))
+            return false;
+        mixed.transform(partsOf(x), partsOf(y), sign, scale, imScale);
+        return true;
     }
 
     const auto count = std::size_t(len);

@@ -193,16 +193,29 @@ inline void fillMixed(int length, double* block)
 // Nobody can have an array of such a length, or the sizes would overflow.
 inline bool isTooLongForMixed(int length) { return std::uint64_t(length) > std::uint64_t{PTRDIFF_MAX} / 128; }
 
-// False when there is no memory; dst is untouched then.
-template <class R>
-bool mixedDft(const R* src, R* dst, const double* block, double sign, double reScale, double imScale)
-{
-    const auto& kernel = kernels<DftKernels<R>>();
-    const DftPlan& plan = *reinterpret_cast<const DftPlan*>(block);
-    double* const scratch = context().caches.working.scratch.buffer<double>(kernel.scratchSize(plan));
-    if (scratch)
-        kernel.transform(src, dst, plan, block + planSize, scratch, sign, reScale, imScale);
-    return scratch != nullptr;
-}
+class MixedDft {
+public:
+    // With such a block. False when there is none, or no memory.
+    bool prepare(const double* block)
+    {
+        if (!block)
+            return false;
+        plan_ = reinterpret_cast<const DftPlan*>(block);
+        const std::size_t size = kernels<DftKernels<double>>().scratchSize(*plan_);
+        scratch_ = context().caches.working.scratch.buffer<double>(size);
+        return scratch_ != nullptr;
+    }
+
+    template <class R>
+    void transform(const R* src, R* dst, double sign, double reScale, double imScale) const
+    {
+        const auto* const table = reinterpret_cast<const double*>(plan_) + planSize;
+        kernels<DftKernels<R>>().transform(src, dst, *plan_, table, scratch_, sign, reScale, imScale);
+    }
+
+private:
+    const DftPlan* plan_ = nullptr;
+    double* scratch_ = nullptr;
+};
 
 } // namespace ark
