@@ -252,8 +252,8 @@ ARK_INLINE const double* pass(Source source, Target target, std::ptrdiff_t n, st
 }
 
 template <bool isLast, class Source, class Target>
-[[gnu::noinline]] const double* passOf(int radix, Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s,
-                                       const double* factors)
+[[gnu::noinline]] const double* passOf(int radix, const Source& source, const Target& target, std::ptrdiff_t n,
+                                       std::ptrdiff_t s, const double* factors)
 {
     switch (radix) {
     case 2: return pass<2, isLast>(source, target, n, s, factors);
@@ -289,7 +289,7 @@ struct Chain {
     ARK_INLINE bool isLast() const { return radices[1] == 0; }
 
     template <bool last, class Source, class Target>
-    ARK_INLINE void next(Source source, Target target)
+    ARK_INLINE void next(const Source& source, const Target& target)
     {
         factors = passOf<last>(*radices, source, target, n, s, factors);
         n /= *radices;
@@ -305,6 +305,7 @@ struct Chain {
     }
 };
 
+ARK_INLINE std::ptrdiff_t smaller(std::ptrdiff_t a, std::ptrdiff_t b) { return a < b ? a : b; }
 ARK_INLINE std::ptrdiff_t larger(std::ptrdiff_t a, std::ptrdiff_t b) { return a > b ? a : b; }
 
 // A register's worth of rows or columns: where the blocks do not fill all of them the last one overlaps the one before.
@@ -314,15 +315,15 @@ ARK_INLINE std::ptrdiff_t beginOf(std::ptrdiff_t block, std::ptrdiff_t count)
     return block > 0 && (block + 1) * W > count ? count - W : block * W;
 }
 
-// The scratch: for each block of rows a row for each column; two blocks; and the caller's pairs once more where whole
-// registers reach beyond them.
+// The scratch: for each block of rows a row for each column, and a block behind them; two blocks; and the caller's
+// pairs once more where whole registers reach beyond them.
 struct Scratch {
     std::ptrdiff_t first, second, pairs, size; // doubles
 
     ARK_INLINE static Scratch of(std::ptrdiff_t rows, std::ptrdiff_t columns)
     {
         Scratch scratch;
-        scratch.first = blocksOf(rows) * columns * rowSize;
+        scratch.first = (blocksOf(rows) * columns + W) * rowSize;
         scratch.second = scratch.first + larger(rows, columns) * rowSize;
         scratch.pairs = scratch.second + rows * rowSize;
         scratch.size = scratch.pairs;
@@ -334,17 +335,20 @@ struct Scratch {
 
 std::size_t scratchSize(const DftPlan& plan) { return std::size_t(Scratch::of(plan.rows, plan.columns).size); }
 
-// A block of columns, transposed into the middle, the factors multiplied in.
-ARK_INLINE void transposeBlock(Rows from, std::ptrdiff_t rows, const double* factors, double* middle,
-                               std::ptrdiff_t columns, std::ptrdiff_t begin)
+// A block of columns, transposed into the middle, the factors multiplied in. Where there are fewer rows than lanes, the
+// last one stands in for those that are missing; where there are fewer columns, what is beyond them is overwritten by
+// the next block or not read.
+[[gnu::noinline]] void transposeBlock(const double* from, std::ptrdiff_t rows, const double* factors, double* middle,
+                                      std::ptrdiff_t columns)
 {
-    for (std::ptrdiff_t block = 0; block < blocksOf(rows); block++) {
-        const Rows target{middle + (block * columns + begin) * rowSize};
+    for (std::ptrdiff_t block = 0; block < blocksOf(rows); block++, middle += columns * rowSize) {
+        const std::ptrdiff_t begin = beginOf(block, rows);
         V re[W], im[W];
         ARK_UNROLL
         for (int l = 0; l < W; l++) {
-            const std::ptrdiff_t row = beginOf(block, rows) + dftLane(l, W);
-            const Cplx x = row < rows ? from.get(row) * Rows{const_cast<double*>(factors)}.get(row) : Cplx{};
+            const std::ptrdiff_t row = smaller(begin + dftLane(l, W), rows - 1) * rowSize;
+            const Cplx x =
+                Cplx{load(from + row), load(from + row + W)} * Cplx{load(factors + row), load(factors + row + W)};
             re[l] = x.re;
             im[l] = x.im;
         }
@@ -352,8 +356,7 @@ ARK_INLINE void transposeBlock(Rows from, std::ptrdiff_t rows, const double* fac
         transpose(im);
         ARK_UNROLL
         for (int l = 0; l < W; l++)
-            if (dftLane(l, W) < columns)
-                target.put(dftLane(l, W), {re[l], im[l]});
+            Rows{middle}.put(dftLane(l, W), {re[l], im[l]});
     }
 }
 
@@ -380,7 +383,7 @@ void transform(const R* src, R* dst, const DftPlan& plan, const double* table, d
         chain.next<false>(PairsSource<R>{src + 2 * begin, 2 * columns, sign}, block0);
         while (*chain.radices)
             chain.next(block0, block1);
-        transposeBlock(block0, rows, factors, scratch, columns, begin);
+        transposeBlock(block0.rows, rows, factors, scratch + begin * rowSize, columns);
     }
 
     for (std::ptrdiff_t block = 0; block < blocksOf(rows); block++) {
