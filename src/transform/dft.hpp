@@ -80,6 +80,10 @@ bool computeDft(const C* x, C* y, int len, TwiddleTables::Dft& entry, bool inver
 {
     using R = Real<C>;
     const double sign = inverse ? -1 : 1, imScale = sign * scale;
+    if (len <= longestShortDft) {
+        kernels<DftKernels<R>>().transformShort[len - 1](partsOf(x), partsOf(y), sign, scale, imScale);
+        return true;
+    }
     if (hasSmallFactors(len)) {
         MixedDft mixed;
         if (isTooLongForMixed(len) ||

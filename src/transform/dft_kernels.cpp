@@ -142,66 +142,36 @@ struct RootsOf {
 template <int N>
 constexpr RootsOf<N> rootsOf{};
 
-ARK_INLINE void butterfly2(Cplx& a, Cplx& b)
+template <class C>
+ARK_INLINE void butterfly(C (&)[1])
+{}
+template <class C>
+ARK_INLINE void butterfly2(C& a, C& b)
 {
-    const Cplx difference = a - b;
+    const C difference = a - b;
     a = a + b;
     b = difference;
 }
-// Results in order.
-ARK_INLINE void butterfly4(Cplx& a, Cplx& b, Cplx& c, Cplx& d)
-{
-    butterfly2(a, c);
-    butterfly2(b, d);
-    const Cplx turned = timesMinusI(d), other = c;
-    butterfly2(a, b);
-    c = b;
-    b = other + turned;
-    d = other - turned;
-}
-
-// Odd radices: the sums of opposite elements meet the cosines only, the differences the sines only.
-template <int radix>
-ARK_INLINE void butterfly(Cplx (&x)[radix])
-{
-    constexpr int half = radix / 2;
-    const Cplx first = x[0];
-    Cplx sums[half + 1], differences[half + 1];
-    ARK_UNROLL
-    for (int k = 1; k <= half; k++) {
-        sums[k] = x[k] + x[radix - k];
-        differences[k] = x[k] - x[radix - k];
-        x[0] = x[0] + sums[k];
-    }
-    ARK_UNROLL
-    for (int m = 1; m <= half; m++) {
-        Cplx even = first + rootsOf<radix>.cosine[m] * sums[1], odd = rootsOf<radix>.sine[m] * differences[1];
-        ARK_UNROLL
-        for (int k = 2; k <= half; k++) {
-            even = even + rootsOf<radix>.cosine[m * k % radix] * sums[k];
-            odd = odd + rootsOf<radix>.sine[m * k % radix] * differences[k];
-        }
-        x[m] = even + timesMinusI(odd);
-        x[radix - m] = even - timesMinusI(odd);
-    }
-}
-template <>
-ARK_INLINE void butterfly<1>(Cplx (&)[1])
-{}
-template <>
-ARK_INLINE void butterfly<2>(Cplx (&x)[2])
+template <class C>
+ARK_INLINE void butterfly(C (&x)[2])
 {
     butterfly2(x[0], x[1]);
 }
-template <>
-ARK_INLINE void butterfly<4>(Cplx (&x)[4])
+template <class C>
+ARK_INLINE void butterfly(C (&x)[4])
 {
-    butterfly4(x[0], x[1], x[2], x[3]);
+    butterfly2(x[0], x[2]);
+    butterfly2(x[1], x[3]);
+    const C even = x[2], odd = timesMinusI(x[3]);
+    butterfly2(x[0], x[1]);
+    x[2] = x[1];
+    x[1] = even + odd;
+    x[3] = even - odd;
 }
-template <>
-ARK_INLINE void butterfly<8>(Cplx (&x)[8])
+template <class C>
+ARK_INLINE void butterfly(C (&x)[8])
 {
-    Cplx even[4] = {x[0], x[2], x[4], x[6]}, odd[4] = {x[1], x[3], x[5], x[7]};
+    C even[4] = {x[0], x[2], x[4], x[6]}, odd[4] = {x[1], x[3], x[5], x[7]};
     butterfly(even);
     butterfly(odd);
     constexpr double half = 0.70710678118654752440;
@@ -212,6 +182,32 @@ ARK_INLINE void butterfly<8>(Cplx (&x)[8])
     for (int k = 0; k < 4; k++) {
         x[k] = even[k] + odd[k];
         x[k + 4] = even[k] - odd[k];
+    }
+}
+
+// Odd radices: the sums of opposite elements meet the cosines only, the differences the sines only.
+template <int radix, class C>
+ARK_INLINE void butterfly(C (&x)[radix])
+{
+    constexpr int half = radix / 2;
+    const C first = x[0];
+    C sums[half + 1], differences[half + 1];
+    ARK_UNROLL
+    for (int k = 1; k <= half; k++) {
+        sums[k] = x[k] + x[radix - k];
+        differences[k] = x[k] - x[radix - k];
+        x[0] = x[0] + sums[k];
+    }
+    ARK_UNROLL
+    for (int m = 1; m <= half; m++) {
+        C even = first + rootsOf<radix>.cosine[m] * sums[1], odd = rootsOf<radix>.sine[m] * differences[1];
+        ARK_UNROLL
+        for (int k = 2; k <= half; k++) {
+            even = even + rootsOf<radix>.cosine[m * k % radix] * sums[k];
+            odd = odd + rootsOf<radix>.sine[m * k % radix] * differences[k];
+        }
+        x[m] = even + timesMinusI(odd);
+        x[radix - m] = even - timesMinusI(odd);
     }
 }
 
@@ -407,8 +403,70 @@ void transform(const R* src, R* dst, const DftPlan& plan, const double* table, d
             dst[2 * column * rows + i] = pairs[column * rowSize + i];
 }
 
+// ---- short lengths: one complex number a register, straight-line ----
+
+struct Pair {
+    typedef double Type __attribute__((vector_size(16)));
+    Type v;
+};
+ARK_INLINE Pair operator+(Pair a, Pair b) { return {a.v + b.v}; }
+ARK_INLINE Pair operator-(Pair a, Pair b) { return {a.v - b.v}; }
+ARK_INLINE Pair operator*(double factor, Pair a) { return {factor * a.v}; }
+ARK_INLINE Pair swapped(Pair a) { return {__builtin_shufflevector(a.v, a.v, 1, 0)}; }
+ARK_INLINE Pair timesMinusI(Pair a)
+{
+    typedef unsigned long long Signs __attribute__((vector_size(16)));
+    return {(Pair::Type)((Signs)swapped(a).v ^ Signs{0, BitsOf<double>::sign})};
+}
+
+// A transforms of B elements each after B of A.
+template <int A, int B, class R>
+void transformShort(const R* src, R* dst, double sign, double reScale, double imScale)
+{
+    constexpr int N = A * B;
+    Pair x[N];
+    ARK_UNROLL
+    for (int b = 0; b < B; b++) {
+        Pair column[A];
+        ARK_UNROLL
+        for (int a = 0; a < A; a++) {
+            const R* const from = src + 2 * (B * a + b);
+            column[a] = {Pair::Type{double(from[0]), double(from[1])} * Pair::Type{1, sign}};
+        }
+        butterfly(column);
+        ARK_UNROLL
+        for (int a = 0; a < A; a++) {
+            const double cosine = rootsOf<N>.cosine[a * b], sine = rootsOf<N>.sine[a * b];
+            x[B * a + b] = a * b == 0 ? column[a]
+                                      : cosine * column[a] + Pair{swapped(column[a]).v * Pair::Type{sine, -sine}};
+        }
+    }
+    ARK_UNROLL
+    for (int a = 0; a < A; a++) {
+        Pair row[B];
+        ARK_UNROLL
+        for (int b = 0; b < B; b++)
+            row[b] = x[B * a + b];
+        butterfly(row);
+        ARK_UNROLL
+        for (int b = 0; b < B; b++) {
+            const Pair::Type scaled = row[b].v * Pair::Type{reScale, imScale};
+            dst[2 * (a + A * b)] = R(scaled[0]);
+            dst[2 * (a + A * b) + 1] = R(scaled[1]);
+        }
+    }
+}
+
 template <class R>
-constexpr DftKernels<R> dftTable{int(W), scratchSize, transform<R>};
+constexpr DftKernels<R> dftTable{
+    int(W),
+    scratchSize,
+    transform<R>,
+    {transformShort<1, 1, R>, transformShort<2, 1, R>, transformShort<3, 1, R>, transformShort<4, 1, R>,
+     transformShort<5, 1, R>, transformShort<3, 2, R>, transformShort<7, 1, R>, transformShort<8, 1, R>,
+     transformShort<3, 3, R>, transformShort<5, 2, R>, transformShort<11, 1, R>, transformShort<4, 3, R>,
+     transformShort<13, 1, R>, transformShort<7, 2, R>, transformShort<5, 3, R>, transformShort<4, 4, R>},
+};
 
 } // namespace
 

@@ -20,12 +20,16 @@ struct DftPlan {
 // w_length^(k n) for blocks of `lanes` columns, in each for every row k, W real parts and W imaginary ones. Lane l of a
 // block belongs to its column dftLane(l, lanes); where the blocks do not fill the columns the last one overlaps the one
 // before.
+inline constexpr int longestShortDft = 16;
+
 template <class R>
 struct DftKernels {
     int lanes;
     std::size_t (*scratchSize)(const DftPlan& plan); // doubles
     void (*transform)(const R* src, R* dst, const DftPlan& plan, const double* table, double* scratch, double sign,
                       double reScale, double imScale);
+    // The same of 1 ... 16 elements.
+    void (*transformShort[longestShortDft])(const R* src, R* dst, double sign, double reScale, double imScale);
 };
 
 constexpr int dftLane(int lane, int lanes) { return lane % 2 * (lanes / 2) + lane / 2; }
