@@ -19,13 +19,6 @@ public:
         return block_ ? static_cast<T*>(block_) : build<T>(count, fill);
     }
 
-    // The table that has been built.
-    template <class T>
-    const T* built() const
-    {
-        return static_cast<const T*>(block_);
-    }
-
     // A working buffer of at least count elements. What it held is lost when it must grow. Null when there is no
     // memory.
     template <class T>

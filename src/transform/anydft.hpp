@@ -7,18 +7,26 @@
 namespace ark {
 
 // The doubles of the table. Of lengths for which AnyDft was obtained.
-inline std::size_t anyDftSize(int length) { return hasSmallFactors(length) ? mixedSize(length) : chirpSize(length); }
+inline std::size_t anyDftSize(int length)
+{
+    return length <= longestShortDft ? 0 : hasSmallFactors(length) ? mixedSize(length) : chirpSize(length);
+}
 
 class AnyDft {
 public:
-    explicit AnyDft(int length) : length_{length}, isMixed_{hasSmallFactors(length)} {}
+    explicit AnyDft(int length)
+        : length_{length},
+          isShort_{length <= longestShortDft},
+          isMixed_{!isShort_ && hasSmallFactors(length)}
+    {}
 
     // False when there is no memory.
     bool obtain()
     {
-        if (isMixed_ ? isTooLongForMixed(length_) : !obtainChirpSpace(length_, space_))
+        const bool isChirp = !isShort_ && !isMixed_;
+        if (isMixed_ ? isTooLongForMixed(length_) : isChirp && !obtainChirpSpace(length_, space_))
             return false;
-        const std::size_t elements = isMixed_ ? std::size_t(length_) : std::size_t{1} << chirpOrder(length_);
+        const std::size_t elements = isChirp ? std::size_t{1} << chirpOrder(length_) : std::size_t(length_);
         z_ = context().caches.working.spectrum.buffer<DoubleCplx>(elements);
         return z_ != nullptr;
     }
@@ -27,7 +35,7 @@ public:
     {
         if (isMixed_)
             fillMixed(length_, table);
-        else
+        else if (!isShort_)
             fillChirp(length_, space_, table);
     }
 
@@ -41,15 +49,18 @@ public:
     }
     void transform() const
     {
-        if (isMixed_)
-            mixed_.transform<double>(partsOf(z_), partsOf(z_), 1, 1, 1);
+        double* const z = partsOf(z_);
+        if (isShort_)
+            kernels<DftKernels<double>>().transformShort[length_ - 1](z, z, 1, 1, 1);
+        else if (isMixed_)
+            mixed_.transform<double>(z, z, 1, 1, 1);
         else
             chirpDft(z_, length_, table_, space_);
     }
 
 private:
     int length_;
-    bool isMixed_;
+    bool isShort_, isMixed_;
     MixedDft mixed_;
     Workspace<double> space_;
     const double* table_ = nullptr;

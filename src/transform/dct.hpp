@@ -16,14 +16,11 @@
 
 namespace ark {
 
-// The tables of the lengths used last. What a table holds depends on its length alone: the cosines of
-// the sums, or what the FFTs are surrounded with. Everything is computed in double precision.
+// The tables of the lengths used last. What a table holds depends on its length alone. Everything is computed in double
+// precision.
 inline constinit Shelf<SharedTable<double>> dctShelf;
 
 inline void dctFree() { dctShelf.clear(); }
-
-// Up to here the sums are quicker than the FFTs of a length that is no power of two.
-inline constexpr int longestSummedDct = 23;
 
 // ---- powers of two up to 16: without tables and memory ----
 
@@ -108,95 +105,15 @@ bool tinyDct(const R* src, R* dst, bool inverse)
     return true;
 }
 
-// ---- other lengths up to 23: the sums, over the cosines of all multiples of pi / (2 N) ----
+// ---- the others: one FFT of the even elements followed by the odd ones backwards ----
+//
+// With V its spectrum and t = pi k / (2 N), V[k] e^(-i t) = y[k] - i y[N-k] but for the scale, y[N] = 0. Source: J.
+// Makhoul, A fast cosine transform in one and two dimensions, IEEE Trans. ASSP 28 (1980).
 
 inline long double dctAngle(std::uint64_t i, int N)
 {
     return std::numbers::pi_v<long double> * static_cast<long double>(i) / (2 * static_cast<long double>(N));
 }
-
-// The folded input: with d[n] = x[n] - x[N-1-n] the odd outputs, with s[n] = x[n] + x[N-1-n] the even ones are half as
-// long. work has N elements, the sums in front.
-template <class R>
-void sumDct(const R* src, R* dst, std::size_t N, const double* cosines, double* work)
-{
-    const std::size_t half = N / 2;
-    double *const sums = work, *const differences = work + (N + 1) / 2;
-    for (std::size_t n = 0; n < half; n++) {
-        const double a = double(src[n]), b = double(src[N - 1 - n]);
-        sums[n] = a + b;
-        differences[n] = a - b;
-    }
-    const double middle = N % 2 ? double(src[half]) : 0;
-    const double first = 1 / std::sqrt(double(N)), rest = std::numbers::sqrt2 * first;
-    const auto sum = [=](const double* folded, std::size_t k) {
-        double total = 0;
-        for (std::size_t n = 0, index = k; n < half; n++) {
-            total += folded[n] * cosines[index];
-            index += 2 * k;
-            if (index >= 4 * N)
-                index -= 4 * N;
-        }
-        return total;
-    };
-    dst[0] = R((sum(sums, 0) + middle) * first);
-    for (std::size_t k = 1; k < N; k++)
-        dst[k] = R((k % 2 ? sum(differences, k) : sum(sums, k) + (k % 4 ? -middle : middle)) * rest);
-}
-
-// The even and the odd terms apart: their sum is x[n], their difference x[N-1-n].
-template <class R>
-void sumInverseDct(R* dst, std::size_t N, const double* cosines, const double* scaled)
-{
-    for (std::size_t n = 0; n < (N + 1) / 2; n++) {
-        const std::size_t step = 2 * n + 1;
-        double even = scaled[0], odd = 0;
-        std::size_t index = 0;
-        const auto next = [&] {
-            index += step;
-            if (index >= 4 * N)
-                index -= 4 * N;
-            return cosines[index];
-        };
-        std::size_t k = 1;
-        for (; k + 1 < N; k += 2) {
-            odd += scaled[k] * next();
-            even += scaled[k + 1] * next();
-        }
-        if (k < N)
-            odd += scaled[k] * next();
-        dst[n] = R(even + odd);
-        dst[N - 1 - n] = N - 1 - n == n ? R(even) : R(even - odd);
-    }
-}
-
-template <class R>
-bool summedDct(const R* src, R* dst, int len, bool inverse)
-{
-    const auto fill = [=](double* cosines) {
-        for (std::uint64_t i = 0; i < 4 * std::uint64_t(len); i++)
-            cosines[i] = double(std::cos(dctAngle(i, len)));
-    };
-    const Borrowed<double> table{dctShelf, len, [=] { return 4 * std::uint64_t(len); }, fill};
-    const auto N = std::size_t(len);
-    Buffer<double> work{N};
-    if (!table || !work)
-        return false;
-    if (!inverse) {
-        sumDct(src, dst, N, table.values(), work.data());
-        return true;
-    }
-    const double first = 1 / std::sqrt(double(N)), rest = std::numbers::sqrt2 * first;
-    for (std::size_t k = 0; k < N; k++)
-        work[k] = double(src[k]) * (k ? rest : first);
-    sumInverseDct(dst, N, table.values(), work.data());
-    return true;
-}
-
-// ---- the others: one FFT of the even elements followed by the odd ones backwards ----
-//
-// With V its spectrum and t = pi k / (2 N), V[k] e^(-i t) = y[k] - i y[N-k] but for the scale, y[N] = 0. Source: J.
-// Makhoul, A fast cosine transform in one and two dimensions, IEEE Trans. ASSP 28 (1980).
 
 // turns[k] = scale (cos, sin)(pi k step / (2 N)), k = 0 ... count - 1
 inline void fillTurns(int N, std::uint64_t step, long double scale, std::size_t count, double* turns)
@@ -402,10 +319,7 @@ bool computeDct(const R* src, R* dst, int len, int flags)
     default: break;
     }
     const bool isPower = std::has_single_bit(unsigned(len));
-    const auto compute = isPower                   ? &fastDct<R>
-                         : len <= longestSummedDct ? &summedDct<R>
-                         : len % 2                 ? &oddDct<R>
-                                                   : &evenDctOfHalf<R>;
+    const auto compute = isPower ? &fastDct<R> : len % 2 ? &oddDct<R> : &evenDctOfHalf<R>;
     return computedWithin([=] { return compute(src, dst, len, inverse); });
 }
 

@@ -31,49 +31,6 @@ TwiddleTables::Dft* obtainDft(const C* x, int len)
     return found || !getDftTwiddles(x, len) ? found : find();
 }
 
-// Lengths without small factors for which the sums are quicker than two FFTs and more.
-inline constexpr int longestSummedDft = 23;
-
-// The sums, of elements k and len - k folded into their sum and their difference: the sums meet the cosines only, the
-// differences the sines only, and y[m] and y[len - m] are the sum and the difference of the same two sums.
-// tw[k] = e^(-2 pi i k / len).
-template <class C, class Store>
-void summedDft(DoubleCplx* x, std::size_t len, const C* tw, Store store)
-{
-    const std::size_t pairs = (len - 1) / 2;
-    DoubleCplx total = x[0];
-    for (std::size_t k = 1; k < len; k++)
-        total = {total.re + x[k].re, total.im + x[k].im};
-    for (std::size_t k = 1; k <= pairs; k++) {
-        const DoubleCplx a = x[k], b = x[len - k];
-        x[k] = {a.re + b.re, a.im + b.im};
-        x[len - k] = {a.re - b.re, a.im - b.im};
-    }
-    store(0, total);
-
-    for (std::size_t m = 1; m <= len / 2; m++) {
-        DoubleCplx even = x[0], odd{}; // odd: times i
-        if (len % 2 == 0) {
-            const double sign = m % 2 ? -1 : 1;
-            even = {even.re + sign * x[len / 2].re, even.im + sign * x[len / 2].im};
-        }
-        std::size_t index = 0;
-        for (std::size_t k = 1; k <= pairs; k++) {
-            index += m;
-            if (index >= len)
-                index -= len;
-            const double re = double(tw[index].re), im = double(tw[index].im);
-            even.re += x[k].re * re;
-            even.im += x[k].im * re;
-            odd.re += x[len - k].re * im;
-            odd.im += x[len - k].im * im;
-        }
-        store(m, {even.re - odd.im, even.im + odd.re});
-        if (m != len - m)
-            store(len - m, {even.re + odd.im, even.im - odd.re});
-    }
-}
-
 // The inverse is the forward transform between two conjugations. False when there is no memory, y is untouched then.
 template <class C>
 bool computeDft(const C* x, C* y, int len, TwiddleTables::Dft& entry, bool inverse, double scale)
@@ -94,32 +51,20 @@ bool computeDft(const C* x, C* y, int len, TwiddleTables::Dft& entry, bool inver
         return true;
     }
 
-    const auto count = std::size_t(len);
-    const bool isSummed = len <= longestSummedDft;
     Workspace<double> space;
-    const double* chirp = nullptr;
-    if (!isSummed) {
-        if (!obtainChirpSpace(len, space))
-            return false;
-        chirp = entry.fast.table<double>([=] { return chirpSize(len); },
-                                         [&](double* table) { fillChirp(len, space, table); });
-        if (!chirp)
-            return false;
-    }
-    auto* const z =
-        context().caches.working.spectrum.buffer<DoubleCplx>(isSummed ? count : std::size_t{1} << chirpOrder(len));
-    if (!z)
+    if (!obtainChirpSpace(len, space))
         return false;
+    const double* const chirp =
+        entry.fast.table<double>([=] { return chirpSize(len); }, [&](double* table) { fillChirp(len, space, table); });
+    auto* const z = context().caches.working.spectrum.buffer<DoubleCplx>(std::size_t{1} << chirpOrder(len));
+    if (!chirp || !z)
+        return false;
+    const auto count = std::size_t(len);
     for (std::size_t k = 0; k < count; k++)
         z[k] = {double(x[k].re), sign * double(x[k].im)};
-    const auto store = [=](std::size_t m, DoubleCplx value) { y[m] = {R(value.re * scale), R(value.im * imScale)}; };
-    if (isSummed) {
-        summedDft(z, count, entry.table.built<C>(), store);
-        return true;
-    }
     chirpDft(z, len, chirp, space);
     for (std::size_t m = 0; m < count; m++)
-        store(m, z[m]);
+        y[m] = {R(z[m].re * scale), R(z[m].im * imScale)};
     return true;
 }
 

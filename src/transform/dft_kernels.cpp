@@ -419,41 +419,53 @@ ARK_INLINE Pair timesMinusI(Pair a)
     return {(Pair::Type)((Signs)swapped(a).v ^ Signs{0, BitsOf<double>::sign})};
 }
 
-// A transforms of B elements each after B of A.
-template <int A, int B, class R>
-void transformShort(const R* src, R* dst, double sign, double reScale, double imScale)
+template <int N>
+ARK_INLINE Pair turned(Pair a, int k) // times e^(-2 pi i k / N)
 {
-    constexpr int N = A * B;
-    Pair x[N];
+    return k == 0 ? a
+                  : rootsOf<N>.cosine[k] * a + Pair{swapped(a).v * Pair::Type{rootsOf<N>.sine[k], -rootsOf<N>.sine[k]}};
+}
+
+// A transforms of B elements each after B of A.
+template <int A, int B>
+ARK_INLINE void composite(Pair (&x)[A * B])
+{
+    Pair columns[B][A];
     ARK_UNROLL
     for (int b = 0; b < B; b++) {
-        Pair column[A];
         ARK_UNROLL
-        for (int a = 0; a < A; a++) {
-            const R* const from = src + 2 * (B * a + b);
-            column[a] = {Pair::Type{double(from[0]), double(from[1])} * Pair::Type{1, sign}};
-        }
-        butterfly(column);
-        ARK_UNROLL
-        for (int a = 0; a < A; a++) {
-            const double cosine = rootsOf<N>.cosine[a * b], sine = rootsOf<N>.sine[a * b];
-            x[B * a + b] = a * b == 0 ? column[a]
-                                      : cosine * column[a] + Pair{swapped(column[a]).v * Pair::Type{sine, -sine}};
-        }
+        for (int a = 0; a < A; a++)
+            columns[b][a] = x[B * a + b];
+        butterfly(columns[b]);
     }
     ARK_UNROLL
     for (int a = 0; a < A; a++) {
         Pair row[B];
         ARK_UNROLL
         for (int b = 0; b < B; b++)
-            row[b] = x[B * a + b];
+            row[b] = turned<A * B>(columns[b][a], a * b);
         butterfly(row);
         ARK_UNROLL
-        for (int b = 0; b < B; b++) {
-            const Pair::Type scaled = row[b].v * Pair::Type{reScale, imScale};
-            dst[2 * (a + A * b)] = R(scaled[0]);
-            dst[2 * (a + A * b) + 1] = R(scaled[1]);
-        }
+        for (int b = 0; b < B; b++)
+            x[a + A * b] = row[b];
+    }
+}
+ARK_INLINE void butterfly(Pair (&x)[6]) { composite<3, 2>(x); }
+ARK_INLINE void butterfly(Pair (&x)[9]) { composite<3, 3>(x); }
+
+template <int A, int B, class R>
+void transformShort(const R* src, R* dst, double sign, double reScale, double imScale)
+{
+    Pair x[A * B];
+    ARK_UNROLL
+    for (int n = 0; n < A * B; n++)
+        x[n] = {Pair::Type{double(src[2 * n]), double(src[2 * n + 1])} * Pair::Type{1, sign}};
+    composite<A, B>(x);
+    ARK_UNROLL
+    for (int k = 0; k < A * B; k++) {
+        const Pair::Type scaled = x[k].v * Pair::Type{reScale, imScale};
+        dst[2 * k] = R(scaled[0]);
+        dst[2 * k + 1] = R(scaled[1]);
     }
 }
 
@@ -462,10 +474,15 @@ constexpr DftKernels<R> dftTable{
     int(W),
     scratchSize,
     transform<R>,
-    {transformShort<1, 1, R>, transformShort<2, 1, R>, transformShort<3, 1, R>, transformShort<4, 1, R>,
-     transformShort<5, 1, R>, transformShort<3, 2, R>, transformShort<7, 1, R>, transformShort<8, 1, R>,
-     transformShort<3, 3, R>, transformShort<5, 2, R>, transformShort<11, 1, R>, transformShort<4, 3, R>,
-     transformShort<13, 1, R>, transformShort<7, 2, R>, transformShort<5, 3, R>, transformShort<4, 4, R>},
+    {transformShort<1, 1, R>,  transformShort<2, 1, R>,  transformShort<3, 1, R>,  transformShort<4, 1, R>,
+     transformShort<5, 1, R>,  transformShort<3, 2, R>,  transformShort<7, 1, R>,  transformShort<8, 1, R>,
+     transformShort<3, 3, R>,  transformShort<5, 2, R>,  transformShort<11, 1, R>, transformShort<4, 3, R>,
+     transformShort<13, 1, R>, transformShort<7, 2, R>,  transformShort<5, 3, R>,  transformShort<4, 4, R>,
+     transformShort<17, 1, R>, transformShort<9, 2, R>,  transformShort<19, 1, R>, transformShort<5, 4, R>,
+     transformShort<7, 3, R>,  transformShort<11, 2, R>, transformShort<23, 1, R>, transformShort<8, 3, R>,
+     transformShort<5, 5, R>,  transformShort<13, 2, R>, transformShort<9, 3, R>,  transformShort<7, 4, R>,
+     transformShort<29, 1, R>, transformShort<6, 5, R>,  transformShort<31, 1, R>, transformShort<8, 4, R>,
+     transformShort<11, 3, R>, transformShort<17, 2, R>, transformShort<7, 5, R>,  transformShort<9, 4, R>},
 };
 
 } // namespace

@@ -20,7 +20,7 @@ struct DftPlan {
 // w_length^(k n) for blocks of `lanes` columns, in each for every row k, W real parts and W imaginary ones. Lane l of a
 // block belongs to its column dftLane(l, lanes); where the blocks do not fill the columns the last one overlaps the one
 // before.
-inline constexpr int longestShortDft = 16;
+inline constexpr int longestShortDft = 36;
 
 template <class R>
 struct DftKernels {
@@ -28,7 +28,7 @@ struct DftKernels {
     std::size_t (*scratchSize)(const DftPlan& plan); // doubles
     void (*transform)(const R* src, R* dst, const DftPlan& plan, const double* table, double* scratch, double sign,
                       double reScale, double imScale);
-    // The same of 1 ... 16 elements.
+    // The same of 1 ... 36 elements.
     void (*transformShort[longestShortDft])(const R* src, R* dst, double sign, double reScale, double imScale);
 };
 
