@@ -234,63 +234,48 @@ ARK_INLINE void butterflies(Source source, std::ptrdiff_t from, std::ptrdiff_t a
     }
 }
 
-// A pass of transforms of length n, s of them side by side. Source and target may be the same when n is the radix.
-// Returns where the next pass's factors are.
+// A pass: s transforms of length radix * count side by side. Source and target may be the same when count is 1. Returns
+// where the next pass's factors are.
 template <int radix, bool isLast, class Source, class Target>
-ARK_INLINE const double* pass(Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, const double* factors)
+ARK_INLINE const double* pass(Source source, Target target, std::ptrdiff_t count, std::ptrdiff_t s,
+                              const double* factors)
 {
-    const std::ptrdiff_t count = isLast ? 1 : n / radix, apart = s * count;
-    butterflies<radix, false>(source, 0, apart, target, 0, s, nullptr);
+    butterflies<radix, false>(source, 0, s * count, target, 0, s, nullptr);
     if constexpr (!isLast)
         for (std::ptrdiff_t p = 1; p < count; p++, factors += 2 * (radix - 1))
-            butterflies<radix, true>(source, s * p, apart, target, s * radix * p, s, factors);
+            butterflies<radix, true>(source, s * p, s * count, target, s * radix * p, s, factors);
     return factors;
 }
 
 template <bool isLast, class Source, class Target>
-[[gnu::noinline]] const double* passOf(int radix, const Source& source, const Target& target, std::ptrdiff_t n,
-                                       std::ptrdiff_t s, const double* factors)
+[[gnu::noinline]] const double* passOf(DftPass step, const Source& source, const Target& target, std::ptrdiff_t s,
+                                       const double* factors)
 {
-    switch (radix) {
-    case 2: return pass<2, isLast>(source, target, n, s, factors);
-    case 3: return pass<3, isLast>(source, target, n, s, factors);
-    case 4: return pass<4, isLast>(source, target, n, s, factors);
-    case 5: return pass<5, isLast>(source, target, n, s, factors);
-    case 7: return pass<7, isLast>(source, target, n, s, factors);
-    case 8: return pass<8, isLast>(source, target, n, s, factors);
-    case 11: return pass<11, isLast>(source, target, n, s, factors);
-    case 13: return pass<13, isLast>(source, target, n, s, factors);
-    default: return pass<1, isLast>(source, target, n, s, factors);
+    switch (step.radix) {
+    case 2: return pass<2, isLast>(source, target, step.count, s, factors);
+    case 3: return pass<3, isLast>(source, target, step.count, s, factors);
+    case 4: return pass<4, isLast>(source, target, step.count, s, factors);
+    case 5: return pass<5, isLast>(source, target, step.count, s, factors);
+    case 7: return pass<7, isLast>(source, target, step.count, s, factors);
+    case 8: return pass<8, isLast>(source, target, step.count, s, factors);
+    case 11: return pass<11, isLast>(source, target, step.count, s, factors);
+    case 13: return pass<13, isLast>(source, target, step.count, s, factors);
+    default: return pass<1, isLast>(source, target, step.count, s, factors);
     }
 }
 
-// The doubles of the factors of a chain of passes.
-ARK_INLINE std::ptrdiff_t factorsOf(const int* radices, std::ptrdiff_t n)
-{
-    std::ptrdiff_t size = 0;
-    for (; radices[1]; radices++) {
-        size += 2 * (*radices - 1) * (n / *radices - 1);
-        n /= *radices;
-    }
-    return size;
-}
-
-// The passes of transforms of length n from the first on, between two blocks in turn.
+// The passes from the first on, between two blocks in turn.
 struct Chain {
-    const int* radices;
-    std::ptrdiff_t n;
+    const DftPass* passes;
     const double* factors;
     std::ptrdiff_t s = 1;
 
-    ARK_INLINE bool isLast() const { return radices[1] == 0; }
-
-    template <bool last, class Source, class Target>
+    template <bool isLast, class Source, class Target>
     ARK_INLINE void next(const Source& source, const Target& target)
     {
-        factors = passOf<last>(*radices, source, target, n, s, factors);
-        n /= *radices;
-        s *= *radices;
-        radices++;
+        factors = passOf<isLast>(*passes, source, target, s, factors);
+        s *= passes->radix;
+        passes++;
     }
     ARK_INLINE void next(Rows& rows, Rows& others)
     {
@@ -363,8 +348,7 @@ void transform(const R* src, R* dst, const DftPlan& plan, const double* table, d
     const std::ptrdiff_t rows = plan.rows, columns = plan.columns;
     const Scratch places = Scratch::of(rows, columns);
     R* const pairs = reinterpret_cast<R*>(scratch + places.pairs);
-    const double* const columnFactors = table + factorsOf(plan.rowRadices, rows);
-    const double* factors = columnFactors + factorsOf(plan.columnRadices, columns);
+    const double* factors = table + plan.middleFactors;
 
     if (columns < W) {
         __builtin_memcpy(pairs, src, std::size_t(2 * rows * columns) * sizeof(R));
@@ -375,17 +359,17 @@ void transform(const R* src, R* dst, const DftPlan& plan, const double* table, d
     for (std::ptrdiff_t block = 0; block < blocksOf(columns); block++, factors += rows * rowSize) {
         const std::ptrdiff_t begin = beginOf(block, columns);
         Rows block0{scratch + places.first}, block1{scratch + places.second};
-        Chain chain{plan.rowRadices, rows, table};
+        Chain chain{plan.rowPasses, table};
         chain.next<false>(PairsSource<R>{src + 2 * begin, 2 * columns, sign}, block0);
-        while (*chain.radices)
+        while (chain.passes->radix)
             chain.next(block0, block1);
         transposeBlock(block0.rows, rows, factors, scratch + begin * rowSize, columns);
     }
 
     for (std::ptrdiff_t block = 0; block < blocksOf(rows); block++) {
         Rows block0{scratch + block * columns * rowSize}, block1{scratch + places.first};
-        Chain chain{plan.columnRadices, columns, columnFactors};
-        while (!chain.isLast())
+        Chain chain{plan.columnPasses, table + plan.columnFactors};
+        while (chain.passes->count > 1)
             chain.next(block0, block1);
         if (rows >= W)
             chain.next<true>(block0, PairsTarget<R>{dst + 2 * beginOf(block, rows), 2 * rows, reScale, imScale});

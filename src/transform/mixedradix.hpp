@@ -20,33 +20,42 @@ struct Radix {
 };
 inline constexpr Radix mixedRadices[] = {{8, 2.2}, {4, 1.3}, {2, 1}, {3, 1.4}, {5, 2}, {7, 2.8}, {11, 4.8}, {13, 6}};
 
-// The radices of a length, at least one, ended by a zero, and what their passes cost.
-inline double factorise(int length, int* radices)
+// What the passes of a length cost, a product of these radices; and the passes.
+inline double factorise(int length, DftPass* passes)
 {
     double cost = 0;
     if (length == 1)
-        *radices++ = 1;
+        *passes++ = {1, 1};
     for (const Radix& radix : mixedRadices)
         while (length % radix.factor == 0) {
             const Radix& taken = length % 32 == 16 ? mixedRadices[1] : radix; // 4 by 4 is cheaper than 8 by 2
-            *radices++ = taken.factor;
-            cost += taken.cost;
             length /= taken.factor;
+            *passes++ = {taken.factor, length};
+            cost += taken.cost;
         }
-    *radices = 0;
+    *passes = {};
     return cost;
+}
+
+// The doubles of the factors of the passes.
+inline std::size_t passFactors(const DftPass* passes)
+{
+    std::size_t size = 0;
+    for (; passes->radix; passes++)
+        size += std::size_t{2} * std::size_t(passes->radix - 1) * std::size_t(passes->count - 1);
+    return size;
 }
 
 inline DftPlan planDft(int length, int lanes)
 {
     constexpr double transposing = 2, staging = 1; // of a register; of an element
     DftPlan plan{};
-    int radices[32];
+    DftPass passes[32];
     double least = HUGE_VAL;
     const auto blocks = [=](int count) { return double((count + lanes - 1) / lanes); };
     const auto consider = [&](int rows, int columns) {
-        const double cost = blocks(columns) * rows * (factorise(rows, radices) + transposing) +
-                            blocks(rows) * columns * factorise(columns, radices) +
+        const double cost = blocks(columns) * rows * (factorise(rows, passes) + transposing) +
+                            blocks(rows) * columns * factorise(columns, passes) +
                             ((rows < lanes) + (columns < lanes)) * staging * length;
         if (cost < least) {
             least = cost;
@@ -59,8 +68,10 @@ inline DftPlan planDft(int length, int lanes)
             consider(length / factor, factor);
             consider(factor, length / factor);
         }
-    factorise(plan.rows, plan.rowRadices);
-    factorise(plan.columns, plan.columnRadices);
+    factorise(plan.rows, plan.rowPasses);
+    factorise(plan.columns, plan.columnPasses);
+    plan.columnFactors = passFactors(plan.rowPasses);
+    plan.middleFactors = plan.columnFactors + passFactors(plan.columnPasses);
     return plan;
 }
 
@@ -103,39 +114,30 @@ private:
     Root fine_[run];
 };
 
-// The table's doubles: those of the passes of one factor, and all.
-inline std::size_t passFactors(int n, const int* radices)
-{
-    std::size_t size = 0;
-    for (; radices[1]; n /= *radices++)
-        size += std::size_t(2) * std::size_t(*radices - 1) * std::size_t(n / *radices - 1);
-    return size;
-}
 inline std::size_t dftTableSize(const DftPlan& plan, int lanes)
 {
     const auto count = std::size_t((plan.columns + lanes - 1) / lanes) * std::size_t(lanes);
-    return passFactors(plan.rows, plan.rowRadices) + passFactors(plan.columns, plan.columnRadices) +
-           2 * std::size_t(plan.rows) * count;
+    return plan.middleFactors + 2 * std::size_t(plan.rows) * count;
 }
 
-inline double* fillPassFactors(int n, const int* radices, double* table)
+inline void fillPassFactors(const DftPass* passes, double* table)
 {
-    for (; radices[1]; n /= *radices++) {
-        const std::size_t others = std::size_t(*radices) - 1, count = std::size_t(n / *radices) - 1;
+    for (; passes->radix; passes++) {
+        const std::size_t others = std::size_t(passes->radix) - 1, count = std::size_t(passes->count) - 1;
         for (std::size_t j = 0; j < others; j++)
-            RootWalk{std::size_t(n), j + 1}.store(1, count, [=](std::size_t p, double re, double im) {
+            RootWalk{(others + 1) * (count + 1), j + 1}.store(1, count, [=](std::size_t p, double re, double im) {
                 table[2 * (p * others + j)] = re;
                 table[2 * (p * others + j) + 1] = im;
             });
         table += 2 * others * count;
     }
-    return table;
 }
 
 inline void fillDftTable(const DftPlan& plan, int lanes, double* table)
 {
-    table = fillPassFactors(plan.rows, plan.rowRadices, table);
-    table = fillPassFactors(plan.columns, plan.columnRadices, table);
+    fillPassFactors(plan.rowPasses, table);
+    fillPassFactors(plan.columnPasses, table + plan.columnFactors);
+    table += plan.middleFactors;
     const auto rows = std::size_t(plan.rows), columns = std::size_t(plan.columns), W = std::size_t(lanes);
     const std::size_t last = (columns - 1) / W, lastBegin = columns < W ? 0 : columns - W;
     if (columns < W)
