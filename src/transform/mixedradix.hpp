@@ -16,9 +16,9 @@ namespace ark {
 
 struct Radix {
     int factor;
-    double cost; // of a pass, for each register: measured, relative to radix 2
+    double cost; // of a pass, for each register: measured, in relation to each other
 };
-inline constexpr Radix mixedRadices[] = {{8, 2.2}, {4, 1.3}, {2, 1}, {3, 1.4}, {5, 2}, {7, 2.8}, {11, 4.8}, {13, 6}};
+inline constexpr Radix mixedRadices[] = {{8, 2.2}, {4, 1.3}, {2, 1.2}, {3, 1.4}, {5, 2}, {7, 2.8}, {11, 4.8}, {13, 6}};
 
 // What the passes of a length cost, a product of these radices; and the passes.
 inline double factorise(int length, DftPass* passes)
@@ -48,15 +48,18 @@ inline std::size_t passFactors(const DftPass* passes)
 
 inline DftPlan planDft(int length, int lanes)
 {
-    constexpr double transposing = 2, staging = 1; // of a register; of an element
+    // Of a register; of an element, where registers reach beyond what there is; of a pass whose two blocks do not fit
+    // into the first cache.
+    constexpr double transposing = 2, copyingIn = 0.15, copyingOut = 0.35, tooLong = 1.5;
     DftPlan plan{};
     DftPass passes[32];
     double least = HUGE_VAL;
     const auto blocks = [=](int count) { return double((count + lanes - 1) / lanes); };
+    const auto passesOf = [&](int count) { return factorise(count, passes) * (count > 1024 / lanes ? tooLong : 1); };
     const auto consider = [&](int rows, int columns) {
-        const double cost = blocks(columns) * rows * (factorise(rows, passes) + transposing) +
-                            blocks(rows) * columns * factorise(columns, passes) +
-                            ((rows < lanes) + (columns < lanes)) * staging * length;
+        const double cost = blocks(columns) * rows * (passesOf(rows) + transposing) +
+                            blocks(rows) * columns * passesOf(columns) +
+                            ((columns < lanes) * copyingIn + (rows < lanes) * copyingOut) * length;
         if (cost < least) {
             least = cost;
             plan.rows = rows;
