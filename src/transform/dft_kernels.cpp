@@ -225,7 +225,7 @@ ARK_INLINE void butterflies(Source source, std::ptrdiff_t from, std::ptrdiff_t a
             x[k] = source.get(from + q + k * apart);
         butterfly(x);
         ARK_UNROLL
-        for (int j = 0; j < radix; j++)
+        for (std::ptrdiff_t j = 0; j < radix; j++)
             if constexpr (hasFactors)
                 target.put(to + q + j * s,
                            j == 0 ? x[j] : x[j] * Cplx{broadcast(factors[2 * j - 2]), broadcast(factors[2 * j - 1])});
@@ -242,7 +242,7 @@ ARK_INLINE const double* pass(Source source, Target target, std::ptrdiff_t count
 {
     butterflies<radix, false>(source, 0, s * count, target, 0, s, nullptr);
     if constexpr (!isLast)
-        for (std::ptrdiff_t p = 1; p < count; p++, factors += 2 * (radix - 1))
+        for (std::ptrdiff_t p = 1; p < count; p++, factors += std::ptrdiff_t{2} * (radix - 1))
             butterflies<radix, true>(source, s * p, s * count, target, s * radix * p, s, factors);
     return factors;
 }
@@ -440,13 +440,14 @@ ARK_INLINE void butterfly(Pair (&x)[9]) { composite<3, 3>(x); }
 template <int A, int B, class R>
 void transformShort(const R* src, R* dst, double sign, double reScale, double imScale)
 {
-    Pair x[A * B];
+    constexpr std::ptrdiff_t N = std::ptrdiff_t{A} * B;
+    Pair x[N];
     ARK_UNROLL
-    for (int n = 0; n < A * B; n++)
+    for (std::ptrdiff_t n = 0; n < N; n++)
         x[n] = {Pair::Type{double(src[2 * n]), double(src[2 * n + 1])} * Pair::Type{1, sign}};
     composite<A, B>(x);
     ARK_UNROLL
-    for (int k = 0; k < A * B; k++) {
+    for (std::ptrdiff_t k = 0; k < N; k++) {
         const Pair::Type scaled = x[k].v * Pair::Type{reScale, imScale};
         dst[2 * k] = R(scaled[0]);
         dst[2 * k + 1] = R(scaled[1]);

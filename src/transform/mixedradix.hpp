@@ -51,11 +51,12 @@ inline DftPlan planDft(int length, int lanes)
     // Of a register; of an element, where registers reach beyond what there is; of a pass whose two blocks do not fit
     // into the first cache.
     constexpr double transposing = 2, copyingIn = 0.15, copyingOut = 0.35, tooLong = 1.5;
+    const int longest = 1024 / lanes;
     DftPlan plan{};
     DftPass passes[32];
     double least = HUGE_VAL;
-    const auto blocks = [=](int count) { return double((count + lanes - 1) / lanes); };
-    const auto passesOf = [&](int count) { return factorise(count, passes) * (count > 1024 / lanes ? tooLong : 1); };
+    const auto blocks = [=](int count) { return std::ceil(double(count) / lanes); };
+    const auto passesOf = [&](int count) { return factorise(count, passes) * (count > longest ? tooLong : 1); };
     const auto consider = [&](int rows, int columns) {
         const double cost = blocks(columns) * rows * (passesOf(rows) + transposing) +
                             blocks(rows) * columns * passesOf(columns) +
