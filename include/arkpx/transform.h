@@ -312,14 +312,14 @@ ARKPX_API void arkwMpyRCPerm3(const short* srcA, const short* srcB, short* dst, 
  *   ARK_Inv    y[m] = 1/len * sum over k of x[k] e^(+2 pi i k m / len)          with ARK_NoScale: without 1/len
  *
  * len elements in each array, any len >= 1, primes too. x and y may overlap in any way: a copy of x is transformed. All
- * is computed in double precision and rounded to the type at the end. Powers of two take an FFT, other lengths up to 23
- * the sums, with the roots of the table that arkcGetDftTwdTbl or arkzGetDftTwdTbl hands out; longer ones a convolution by
- * FFTs of at least 2 len - 1 elements (Bluestein, 1970), whose time grows as len log len. arkvDft computes arkcDft of the
- * samples as floats; its results are rounded and brought to 16 bits as those of the 16-bit transforms above, a negative
- * scaleMode counts as 0.
+ * is computed in double precision and rounded to the type at the end. Lengths up to 36 and those whose prime factors are
+ * at most 13 are taken apart into these factors; others take a convolution by FFTs of at least 2 len - 1 elements
+ * (Bluestein, 1970), which is some five times slower. The time of all grows as len log len. arkvDft computes arkcDft of
+ * the samples as floats; its results are rounded and brought to 16 bits as those of the 16-bit transforms above, a
+ * negative scaleMode counts as 0.
  *
- * ARK_Init only builds that table, so that the 32 lengths for which the thread's cache has room can be chosen
- * beforehand. Other bits of flags than these four are ignored; there is no ARK_Free: arkcFreeTwdTbls (c, v) and
+ * A length takes one of the 32 places of the thread's cache of twiddle tables. ARK_Init only builds the table that
+ * arkcGetDftTwdTbl or arkzGetDftTwdTbl hands out, so that these lengths can be chosen beforehand. Other bits of flags than these four are ignored; there is no ARK_Free: arkcFreeTwdTbls (c, v) and
  * arkzFreeTwdTbls (z, and what all three have for FFTs) release everything.
  *
  * arkcDft and arkzDft, in this order: a negative status of the thread, also of an earlier failure: nothing is done. Then
@@ -332,8 +332,9 @@ ARKPX_API void arkwMpyRCPerm3(const short* srcA, const short* srcB, short* dst, 
  * ARK_StatusOutOfMemory "NULL Pointer". What fails in arkcDft is reported there and once more as ARK_StatusBacktrace with
  * "out arkcDft ARK_Init" (flags hold ARK_Init) or "out arkcDft calc. DFT". After any report y and outSamps are untouched.
  *
- * Modules arkdft (c, z), arkdftw (v). Allocates: every call, len complex doubles, for a convolution up to 4 len; on the
- * first use of a length, its tables, which belong to the calling thread and go with it. Threads share nothing.
+ * Modules arkdft (c, z), arkdftw (v). Allocates: on the first use of a length, its tables, and working memory of up to 4
+ * len complex doubles, which grows with the longest; all belong to the calling thread and go with it. arkvDft: every
+ * call, len complex floats. Threads share nothing.
  * --------------------------------------------------------------------------------------------------------------- */
 ARKPX_API void arkcDft(const FloatCplx* x, FloatCplx* y, int len, int flags);
 ARKPX_API void arkzDft(const DoubleCplx* x, DoubleCplx* y, int len, int flags);
@@ -425,8 +426,7 @@ ARKPX_API ShortCplx  arkvbGoertz(ArksGoertzState* state, const ShortCplx* samps,
  *
  * n = 0 ... N-1, N = len >= 1, any. The transform is orthonormal: each direction undoes the other, up to rounding. src and
  * dst may overlap in any way. All is computed in double precision and rounded to the type at the end. Powers of two take
- * one real FFT, from 32 on; other lengths up to 23 the sums, longer ones a convolution by complex FFTs (Makhoul, 1980;
- * Bluestein, 1970).
+ * one real FFT, from 32 on; other lengths the DFT above, of half the length when it is even (Makhoul, 1980).
  * arkwDct is arksDct of the samples, whose results it rounds to the nearest integer (ties to even) and saturates: a
  * constant c has the coefficient c sqrt(N).
  *
@@ -438,11 +438,11 @@ ARKPX_API ShortCplx  arkvbGoertz(ArksGoertzState* state, const ShortCplx* samps,
  * value of the transform flag\n" (exactly one of ARK_Forw and ARK_Inv); ARK_StatusOutOfMemory "\nMemory allocation
  * problem\n", when it is short even without the tables that the transforms of the thread keep for themselves.
  *
- * Module arkdct. Allocates: never for 1, 2, 4, 8 and 16; else every call, len doubles, for a convolution up to 4 len
- * complex ones, half of it when len is even; arkwDct always, and len floats besides. On the first use of a length, a table:
- * those of the 8 lengths used last are kept for the whole process, until ARK_Free. Any number of threads may transform any
- * lengths at the same time, also while one frees: who uses a table owns it meanwhile, and the others make their own. The
- * FFTs' tables belong to the calling thread, as those above.
+ * Module arkdct. Allocates: never for 1, 2, 4, 8 and 16; other powers of two every call, len doubles; other lengths the
+ * DFT's working memory, which the thread keeps; arkwDct every call len floats besides. On the first use of a length, a
+ * table: those of the 8 lengths used last are kept for the whole process, until ARK_Free. Any number of threads may
+ * transform any lengths at the same time, also while one frees: who uses a table owns it meanwhile, and the others make
+ * their own. The FFTs' tables belong to the calling thread, as those above.
  * --------------------------------------------------------------------------------------------------------------- */
 ARKPX_API void arksDct(const float* src, float* dst, int len, int flags);
 ARKPX_API void arkdDct(const double* src, double* dst, int len, int flags);

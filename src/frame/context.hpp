@@ -24,10 +24,10 @@ void clear(T (&slots)[count])
 // The public twiddle tables of one element type. Callers hold pointers to them.
 struct TwiddleTables {
     Slot fft[orders];
-    struct {
+    struct Dft {
         int length;
         Slot table;
-        Slot chirp; // private; where the transform is done by a convolution
+        Slot fast; // private; where the transform is not done by the sums
     } dft[dftTwdCapacity];
     int dftCount;
 
@@ -37,7 +37,7 @@ struct TwiddleTables {
         while (dftCount > 0) {
             dftCount--;
             dft[dftCount].table.clear();
-            dft[dftCount].chirp.clear();
+            dft[dftCount].fast.clear();
         }
     }
 };

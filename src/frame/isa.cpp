@@ -60,6 +60,8 @@ extern const LmsKernels<float, FloatCplx> lmsSC;
 extern const LmsKernels<double, DoubleCplx> lmsDZ;
 extern const FftKernels<float> fftC;
 extern const FftKernels<double> fftZ;
+extern const DftKernels<float> dftC;
+extern const DftKernels<double> dftZ;
 extern const RealKernels<float> realS;
 extern const RealKernels<double> realD;
 extern const WaveletKernels<float> waveletS;
@@ -76,6 +78,7 @@ constinit const Kernels kernels{
     {iir},
     {lmsS}, {lmsD}, {lmsC}, {lmsZ}, {lmsSC}, {lmsDZ},
     {fftC}, {fftZ},
+    {dftC}, {dftZ},
     {realS}, {realD},
     {waveletS}, {waveletD},
     {toneS}, {toneD}, {toneC}, {toneZ},

@@ -19,6 +19,7 @@
 #include "generate/arkrand_kernels.hpp"
 #include "generate/arktone_kernels.hpp"
 #include "generate/arkwin_kernels.hpp"
+#include "transform/dft_kernels.hpp"
 #include "transform/fft_kernels.hpp"
 #include "transform/real_kernels.hpp"
 #include "transform/wavelet_kernels.hpp"
@@ -73,6 +74,8 @@ struct Kernels : KernelSlot<FillKernels>,
                  KernelSlot<LmsKernels<double, DoubleCplx>>,
                  KernelSlot<FftKernels<float>>,
                  KernelSlot<FftKernels<double>>,
+                 KernelSlot<DftKernels<float>>,
+                 KernelSlot<DftKernels<double>>,
                  KernelSlot<RealKernels<float>>,
                  KernelSlot<RealKernels<double>>,
                  KernelSlot<WaveletKernels<float>>,

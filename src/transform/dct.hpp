@@ -1,7 +1,7 @@
 // The discrete cosine transform, types II and III, scaled to be orthonormal.
 #pragma once
 
-#include "transform/chirp.hpp"
+#include "transform/anydft.hpp"
 #include "transform/realfft.hpp"
 #include "transform/shelf.hpp"
 #include "vector/scale.hpp"
@@ -16,14 +16,11 @@
 
 namespace ark {
 
-// The tables of the lengths used last. What a table holds depends on its length alone: the cosines of
-// the sums, or what the FFTs are surrounded with. Everything is computed in double precision.
+// The tables of the lengths used last. What a table holds depends on its length alone. Everything is computed in double
+// precision.
 inline constinit Shelf<SharedTable<double>> dctShelf;
 
 inline void dctFree() { dctShelf.clear(); }
-
-// Up to here the sums are quicker than the FFTs of a length that is no power of two.
-inline constexpr int longestSummedDct = 23;
 
 // ---- powers of two up to 16: without tables and memory ----
 
@@ -108,95 +105,15 @@ bool tinyDct(const R* src, R* dst, bool inverse)
     return true;
 }
 
-// ---- other lengths up to 23: the sums, over the cosines of all multiples of pi / (2 N) ----
+// ---- the others: one FFT of the even elements followed by the odd ones backwards ----
+//
+// With V its spectrum and t = pi k / (2 N), V[k] e^(-i t) = y[k] - i y[N-k] but for the scale, y[N] = 0. Source: J.
+// Makhoul, A fast cosine transform in one and two dimensions, IEEE Trans. ASSP 28 (1980).
 
 inline long double dctAngle(std::uint64_t i, int N)
 {
     return std::numbers::pi_v<long double> * static_cast<long double>(i) / (2 * static_cast<long double>(N));
 }
-
-// The folded input: with d[n] = x[n] - x[N-1-n] the odd outputs, with s[n] = x[n] + x[N-1-n] the even ones are half as
-// long. work has N elements, the sums in front.
-template <class R>
-void sumDct(const R* src, R* dst, std::size_t N, const double* cosines, double* work)
-{
-    const std::size_t half = N / 2;
-    double *const sums = work, *const differences = work + (N + 1) / 2;
-    for (std::size_t n = 0; n < half; n++) {
-        const double a = double(src[n]), b = double(src[N - 1 - n]);
-        sums[n] = a + b;
-        differences[n] = a - b;
-    }
-    const double middle = N % 2 ? double(src[half]) : 0;
-    const double first = 1 / std::sqrt(double(N)), rest = std::numbers::sqrt2 * first;
-    const auto sum = [=](const double* folded, std::size_t k) {
-        double total = 0;
-        for (std::size_t n = 0, index = k; n < half; n++) {
-            total += folded[n] * cosines[index];
-            index += 2 * k;
-            if (index >= 4 * N)
-                index -= 4 * N;
-        }
-        return total;
-    };
-    dst[0] = R((sum(sums, 0) + middle) * first);
-    for (std::size_t k = 1; k < N; k++)
-        dst[k] = R((k % 2 ? sum(differences, k) : sum(sums, k) + (k % 4 ? -middle : middle)) * rest);
-}
-
-// The even and the odd terms apart: their sum is x[n], their difference x[N-1-n].
-template <class R>
-void sumInverseDct(R* dst, std::size_t N, const double* cosines, const double* scaled)
-{
-    for (std::size_t n = 0; n < (N + 1) / 2; n++) {
-        const std::size_t step = 2 * n + 1;
-        double even = scaled[0], odd = 0;
-        std::size_t index = 0;
-        const auto next = [&] {
-            index += step;
-            if (index >= 4 * N)
-                index -= 4 * N;
-            return cosines[index];
-        };
-        std::size_t k = 1;
-        for (; k + 1 < N; k += 2) {
-            odd += scaled[k] * next();
-            even += scaled[k + 1] * next();
-        }
-        if (k < N)
-            odd += scaled[k] * next();
-        dst[n] = R(even + odd);
-        dst[N - 1 - n] = N - 1 - n == n ? R(even) : R(even - odd);
-    }
-}
-
-template <class R>
-bool summedDct(const R* src, R* dst, int len, bool inverse)
-{
-    const auto fill = [=](double* cosines) {
-        for (std::uint64_t i = 0; i < 4 * std::uint64_t(len); i++)
-            cosines[i] = double(std::cos(dctAngle(i, len)));
-    };
-    const Borrowed<double> table{dctShelf, len, 4 * std::uint64_t(len), fill};
-    const auto N = std::size_t(len);
-    Buffer<double> work{N};
-    if (!table || !work)
-        return false;
-    if (!inverse) {
-        sumDct(src, dst, N, table.values(), work.data());
-        return true;
-    }
-    const double first = 1 / std::sqrt(double(N)), rest = std::numbers::sqrt2 * first;
-    for (std::size_t k = 0; k < N; k++)
-        work[k] = double(src[k]) * (k ? rest : first);
-    sumInverseDct(dst, N, table.values(), work.data());
-    return true;
-}
-
-// ---- the others: one FFT of the even elements followed by the odd ones backwards ----
-//
-// With V its spectrum and t = pi k / (2 N), V[k] e^(-i t) = y[k] - i y[N-k] but for the scale, y[N] = 0. Source: J.
-// Makhoul, A fast cosine transform in one and two dimensions, IEEE Trans. ASSP 28 (1980).
 
 // turns[k] = scale (cos, sin)(pi k step / (2 N)), k = 0 ... count - 1
 inline void fillTurns(int N, std::uint64_t step, long double scale, std::size_t count, double* turns)
@@ -258,7 +175,8 @@ bool fastDct(const R* src, R* dst, int len, bool inverse)
     Workspace<double> space;
     if (!obtain(ccsKind, order, space))
         return false;
-    const Borrowed<double> table{dctShelf, len, N, [=](double* turns) { fillScaledTurns(len, N / 2, turns); }};
+    const Borrowed<double> table{dctShelf, len, [=] { return N; },
+                                 [=](double* turns) { fillScaledTurns(len, N / 2, turns); }};
     Buffer<double> work{N};
     if (!table || !work)
         return false;
@@ -299,56 +217,61 @@ inline void recombineToReal(DoubleCplx* z, std::size_t half, const double* turns
     }
 }
 
-// Other even lengths: the chirp serves half the length.
+// So that what follows begins a cache line.
+inline std::size_t roundedUp(std::size_t size) { return (size + 7) / 8 * 8; }
+
+// Other even lengths: a complex transform of half the length.
 template <class R>
-bool evenChirpDct(const R* src, R* dst, int len, bool inverse)
+bool evenDctOfHalf(const R* src, R* dst, int len, bool inverse)
 {
     const int half = len / 2;
     const auto N = std::size_t(len), H = std::size_t(half);
-    Workspace<double> space;
-    if (!obtainChirpSpace(half, space))
+    AnyDft dft{half};
+    if (!dft.obtain())
         return false;
-    const std::size_t size = chirpSize(half);
-    const Borrowed<double> table{dctShelf, len, size + 2 * std::uint64_t{H} + H + 2, [&](double* values) {
-                                     fillChirp(half, space, values);
-                                     fillScaledTurns(len, H, values + size);
-                                     fillTurns(len, 4, 1, H / 2 + 1, values + size + 2 * H);
+    const std::size_t turnsSize = roundedUp(2 * H + 2 * (H / 2 + 1));
+    const Borrowed<double> table{dctShelf, len, [=] { return turnsSize + anyDftSize(half); },
+                                 [&](double* turns) {
+                                     fillScaledTurns(len, H, turns);
+                                     fillTurns(len, 4, 1, H / 2 + 1, turns + 2 * H);
+                                     dft.fill(turns + turnsSize);
                                  }};
-    Buffer<DoubleCplx> z{std::size_t{1} << chirpOrder(half)};
-    if (!table || !z)
+    if (!table || !dft.prepare(table.values() + turnsSize))
         return false;
-    const double *const turns = table.values() + size, *const halfTurns = turns + 2 * H;
+    const double *const turns = table.values(), *const halfTurns = turns + 2 * H;
+    DoubleCplx* const z = dft.elements();
     if (inverse)
-        evenInverseDct(src, dst, N, turns, partsOf(z.data()), [&](double* x) {
-            recombineToReal(z.data(), H, halfTurns);
-            chirpDft(z.data(), half, table.values(), space);
+        evenInverseDct(src, dst, N, turns, partsOf(z), [&](double* x) {
+            recombineToReal(z, H, halfTurns);
+            dft.transform();
             for (std::size_t n = 1; n < N; n += 2)
                 x[n] = -x[n];
         });
     else
-        evenDct(src, dst, N, turns, partsOf(z.data()), [&](double*) {
-            chirpDft(z.data(), half, table.values(), space);
-            recombineToSpectrum(z.data(), H, halfTurns);
+        evenDct(src, dst, N, turns, partsOf(z), [&](double*) {
+            dft.transform();
+            recombineToSpectrum(z, H, halfTurns);
         });
     return true;
 }
 
 // Odd lengths: a complex spectrum, forward in both directions, since the inverse's result is real.
 template <class R>
-bool oddChirpDct(const R* src, R* dst, int len, bool inverse)
+bool oddDct(const R* src, R* dst, int len, bool inverse)
 {
-    Workspace<double> space;
-    if (!obtainChirpSpace(len, space))
+    AnyDft dft{len};
+    if (!dft.obtain())
         return false;
-    const std::size_t N = std::size_t(len), size = chirpSize(len);
-    const Borrowed<double> table{dctShelf, len, size + 2 * std::uint64_t{N}, [&](double* values) {
-                                     fillChirp(len, space, values);
-                                     fillScaledTurns(len, N, values + size);
+    const std::size_t N = std::size_t(len), turnsSize = roundedUp(2 * N);
+    const Borrowed<double> table{dctShelf, len, [=] { return turnsSize + anyDftSize(len); },
+                                 [&](double* turns) {
+                                     fillScaledTurns(len, N, turns);
+                                     dft.fill(turns + turnsSize);
                                  }};
-    Buffer<DoubleCplx> z{std::size_t{1} << chirpOrder(len)};
-    if (!table || !z)
+    if (!table || !dft.prepare(table.values() + turnsSize))
         return false;
-    const double* const turns = table.values() + size;
+    const double* const turns = table.values();
+    DoubleCplx* const z = dft.elements();
     const double first = 1 / std::sqrt(double(N));
     const auto place = [=](std::size_t n) { return n % 2 ? N - 1 - n / 2 : n / 2; };
     if (inverse) {
@@ -358,13 +281,13 @@ bool oddChirpDct(const R* src, R* dst, int len, bool inverse)
             const double cosine = turns[2 * k], sine = turns[2 * k + 1];
             z[k] = {a * cosine + b * sine, b * cosine - a * sine}; // conjugate
         }
-        chirpDft(z.data(), len, table.values(), space);
+        dft.transform();
         for (std::size_t n = 0; n < N; n++)
             dst[n] = R(z[place(n)].re);
     } else {
         for (std::size_t n = 0; n < N; n++)
             z[place(n)] = {double(src[n]), 0};
-        chirpDft(z.data(), len, table.values(), space);
+        dft.transform();
         dst[0] = R(z[0].re * first);
         for (std::size_t k = 1; k < N; k++)
             dst[k] = R(z[k].re * turns[2 * k] + z[k].im * turns[2 * k + 1]);
@@ -396,10 +319,7 @@ bool computeDct(const R* src, R* dst, int len, int flags)
     default: break;
     }
     const bool isPower = std::has_single_bit(unsigned(len));
-    const auto compute = isPower                   ? &fastDct<R>
-                         : len <= longestSummedDct ? &summedDct<R>
-                         : len % 2                 ? &oddChirpDct<R>
-                                                   : &evenChirpDct<R>;
+    const auto compute = isPower ? &fastDct<R> : len % 2 ? &oddDct<R> : &evenDctOfHalf<R>;
     return computedWithin([=] { return compute(src, dst, len, inverse); });
 }
 

@@ -73,20 +73,20 @@ private:
     std::atomic<Table*> places_[8]{};
 };
 
-// A table off its shelf while it is in use, made by fill(R* values) where there is none. False when there is no memory.
+// A table off its shelf while it is in use; where there is none, one of count() elements is made by fill(R* values).
+// False when there is no memory.
 template <class R>
 class Borrowed {
 public:
     using Table = SharedTable<R>;
 
-    template <class Fill>
-    Borrowed(Shelf<Table>& shelf, int length, std::uint64_t count, Fill fill)
-        : shelf_{shelf},
-          table_{shelf.take(length)}
+    template <class Count, class Fill>
+    Borrowed(Shelf<Table>& shelf, int length, Count count, Fill fill) : shelf_{shelf},
+                                                                        table_{shelf.take(length)}
     {
         if (table_)
             return;
-        table_ = Table::make(length, count);
+        table_ = Table::make(length, count());
         if (table_)
             fill(table_->values());
     }

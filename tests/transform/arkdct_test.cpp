@@ -70,8 +70,8 @@ double errorOf(const std::vector<T>& got, const std::vector<long double>& wanted
 
 std::vector<int> lengths()
 {
-    std::vector<int> all{98, 100, 127, 128, 129, 256, 511, 1000, 1024};
-    for (int N = 1; N <= 65; N++)
+    std::vector<int> all{98, 100, 105, 110, 127, 128, 129, 189, 256, 343, 511, 720, 1000, 1001, 1024};
+    for (int N = 1; N <= 90; N++)
         all.push_back(N);
     return all;
 }
