@@ -4,10 +4,11 @@
 //
 //   X[k + M q] = sum over l of  w_W^(l q)  w_N^(l k)  Y_l[k],      Y_l[k] = sum over n of w_M^(n k) x[W n + l]
 //
-// with w_N = e^(-2 pi i / N). The rows pass: the transforms Y_l run in all lanes at once, Stockham passes of radix 4
-// and 8 over the rows, with twiddles that are the same for all lanes. The lanes pass: for W rows k at a time the
-// twiddles w_N^(l k), a transposition, and the transform over l as radix 2 and radix W / 2, whose results are whole
-// registers of neighbouring k. Between passes a row is W real parts and then W imaginary parts.
+// with w_N = e^(-2 pi i / N). The rows: the transforms Y_l run in all lanes at once, passes of radix 4 and 8 in place,
+// with twiddles that are the same for all lanes, which leave the rows in bit-reversed order. The lanes: for W rows k at
+// a time, a tile, the twiddles w_N^(l k), a transposition, and the transform over l as radix 2 and radix W / 2, whose
+// results are whole registers of neighbouring k. Between passes a row is W real parts and then W imaginary parts. Short
+// transforms do all that in one straight piece of code, the longest as matrices.
 //
 // The order of lanes that a deinterleaving inside blocks of 128 bits gives is l = W/2 p1 + 2 b + p0 for floats (b the
 // block, p1 p0 the place in it) and l = W/2 p + b for doubles; it is kept throughout: the first factor of the transform
