@@ -16,6 +16,7 @@
 
 #include "frame/context.hpp"
 
+#include <array>
 #include <cstddef>
 #include <utility>
 
@@ -77,28 +78,23 @@ inline void backtrace(Where at) { report(at, ARK_StatusBacktrace, nullptr); }
 // The status gate: false when a failure, also an earlier one, is recorded for this thread.
 inline bool statusGood() { return currentStatus() >= 0; }
 
+// Indices that are constants: so the checks are nowhere in memory.
+template <std::size_t count>
+inline bool noneFailed(const Check (&checks)[count])
+{
+    return [&]<std::size_t... i>(std::index_sequence<i...>) { return !(checks[i].failed || ...); }
+    (std::make_index_sequence<count>{});
+}
+
 // Reports every failed check. False when there was one.
 template <std::size_t count>
 inline bool allHold(Where at, const Check (&checks)[count])
 {
-    // Indices that are constants, and a copy for the report: so the checks are nowhere in memory while all hold.
-    return [&]<std::size_t... i>(std::index_sequence<i...>)
-    {
-        if ((checks[i].failed || ...)) [[unlikely]] {
-            const Check copies[] = {checks[i]...};
-            reportFailed(at, copies, count);
-            return false;
-        }
+    if (noneFailed(checks)) [[likely]]
         return true;
-    }
-    (std::make_index_sequence<count>{});
-}
-
-template <std::size_t count>
-inline bool noneFailed(const Check (&checks)[count])
-{
-    return [&]<std::size_t... i>(std::index_sequence<i...>) { return !(checks[i].failed | ...); }
-    (std::make_index_sequence<count>{});
+    const auto copies = std::to_array(checks); // for the report alone
+    reportFailed(at, copies.data(), count);
+    return false;
 }
 
 // Style 1: reports every failed check, then tests the status. False when the operation must not go on. A failed check

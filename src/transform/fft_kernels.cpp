@@ -303,7 +303,7 @@ struct OuterSource {
     {
         return Outside<R, W, form>::load(vector, first + n * step);
     }
-    ARK_INLINE OuterSource beside(int i) const { return {vector, first + i * W, step}; }
+    ARK_INLINE OuterSource beside(std::ptrdiff_t i) const { return {vector, first + i * W, step}; }
 };
 template <class R, int W, Form form, bool scaled>
 struct OuterTarget {
@@ -318,7 +318,7 @@ struct OuterTarget {
         }
         Outside<R, W, form>::store(vector, first + n * step, x);
     }
-    ARK_INLINE OuterTarget beside(int i) const { return {vector, first + i * W, step, scale}; }
+    ARK_INLINE OuterTarget beside(std::ptrdiff_t i) const { return {vector, first + i * W, step, scale}; }
 };
 
 template <class R, int W>
@@ -339,14 +339,14 @@ struct InnerSource {
     const R* rows;
     std::ptrdiff_t distance = 0; // to the rows beside
     ARK_INLINE Cplx<Reg<R, W>> operator()(std::ptrdiff_t n) const { return getCplx<R, W>(rows + n * 2 * W); }
-    ARK_INLINE InnerSource beside(int i) const { return {rows + i * distance, distance}; }
+    ARK_INLINE InnerSource beside(std::ptrdiff_t i) const { return {rows + i * distance, distance}; }
 };
 template <class R, int W>
 struct InnerTarget {
     R* rows;
     std::ptrdiff_t distance = 0;
     ARK_INLINE void operator()(std::ptrdiff_t n, Cplx<Reg<R, W>> x) const { putCplx<R, W>(rows + n * 2 * W, x); }
-    ARK_INLINE InnerTarget beside(int i) const { return {rows + i * distance, distance}; }
+    ARK_INLINE InnerTarget beside(std::ptrdiff_t i) const { return {rows + i * distance, distance}; }
 };
 
 // ---- the rows' transforms ----
@@ -426,14 +426,14 @@ ARK_INLINE void inPlaceButterfly(Source source, Target target, std::ptrdiff_t ro
     for (int j = 0; j < radix; j++)
         target(row + (toReversed ? reversed(j, radix) : j) * apart, x[j]);
 }
-template <class R, int W, int radix, bool toReversed, int columns = 1, class Source, class Target>
+template <class R, int W, int radix, bool toReversed, std::ptrdiff_t columns = 1, class Source, class Target>
 ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, RowsTable<R> table)
 {
     const std::ptrdiff_t apart = n / radix;
     for (std::ptrdiff_t block = 0; block < n * s; block += n) {
         const R* w = table.factors;
         for (std::ptrdiff_t row = block; row < block + apart; row++, w += 2 * (radix - 1))
-            for (int i = 0; i < columns; i++)
+            for (std::ptrdiff_t i = 0; i < columns; i++)
                 inPlaceButterfly<R, W, radix, toReversed, true>(source.beside(i), target.beside(i), row, apart, w,
                                                                 table.eighth);
     }
@@ -474,7 +474,7 @@ template <class R, int W, bool toReversed>
 
 // In place in the rows, but for the source of the first pass, which is not the only one. Of one column of registers or
 // of more, whose rows are apart.
-template <class R, int W, int columns = 1, class Source>
+template <class R, int W, std::ptrdiff_t columns = 1, class Source>
 [[gnu::noinline]] void transformRowsToReversed(const Plan& plan, int passes, Source source, R* rows, RowsTable<R> table)
 {
     std::ptrdiff_t n = std::ptrdiff_t{1} << plan.m, s = 1;
@@ -486,7 +486,7 @@ template <class R, int W, int columns = 1, class Source>
                 inPlacePass<R, W, radix, true, columns>(source, InnerTarget<R, W>{rows, distance}, n, s, table);
             });
         else
-            for (int column = 0; column < columns; column++)
+            for (std::ptrdiff_t column = 0; column < columns; column++)
                 innerPass<R, W, true>(log2Radix, rows + column * distance, n, s, table);
         n >>= log2Radix;
         s <<= log2Radix;
@@ -495,11 +495,11 @@ template <class R, int W, int columns = 1, class Source>
 }
 
 // The last pass to bit-reversed order, with its results put in natural order: rows in place, target in any order.
-template <class R, int W, int radix, int columns, class Source, class Target>
+template <class R, int W, int radix, std::ptrdiff_t columns, class Source, class Target>
 ARK_INLINE void lastPass(Source source, Target target, std::ptrdiff_t M, R eighth)
 {
     for (std::ptrdiff_t block = 0, k = 0; block < M; block += radix, k = nextReversed(k, M / radix))
-        for (int i = 0; i < columns; i++) {
+        for (std::ptrdiff_t i = 0; i < columns; i++) {
             Cplx<Reg<R, W>> x[radix];
             ARK_UNROLL
             for (int t = 0; t < radix; t++)
@@ -512,7 +512,7 @@ ARK_INLINE void lastPass(Source source, Target target, std::ptrdiff_t M, R eight
 }
 
 // In place in the rows, but for the target of the last pass, which is not the only one.
-template <class R, int W, int columns = 1, class Target>
+template <class R, int W, std::ptrdiff_t columns = 1, class Target>
 [[gnu::noinline]] void transformRowsFromReversed(const Plan& plan, int passes, R* rows, Target target,
                                                  RowsTable<R> table)
 {
@@ -534,7 +534,7 @@ template <class R, int W, int columns = 1, class Target>
                 inPlacePass<R, W, radix, false, columns>(InnerSource<R, W>{rows, distance}, target, n, s, table);
             });
         else
-            for (int column = 0; column < columns; column++)
+            for (std::ptrdiff_t column = 0; column < columns; column++)
                 innerPass<R, W, false>(log2Radix, rows + column * distance, n, s, table);
     }
 }
@@ -904,7 +904,7 @@ constexpr int matrixFrom = 20;
 
 // The registers of columns that are read and written together: as many as two cache lines hold.
 template <class R, int W>
-constexpr int columnsAtATime = int(64 / (W * sizeof(R)));
+constexpr std::ptrdiff_t columnsAtATime = std::ptrdiff_t(64 / (W * sizeof(R)));
 
 // What stands at the beginning of the table of one order, and where the rest of it stands, in reals from there.
 template <class R>
@@ -1303,7 +1303,7 @@ ARK_INLINE void multiplyRows(Source source, Target target, std::ptrdiff_t count,
     for (std::ptrdiff_t row = 0, next = 0; row < count; row += 4, next = nextReversed(next, count / 4))
         ARK_UNROLL
     for (int i = 0; i < 4; i++)
-        for (int column = 0; column < columnsAtATime<R, W>; column++)
+        for (std::ptrdiff_t column = 0; column < columnsAtATime<R, W>; column++)
             target.beside(column)(row + i, source.beside(column)(row + i) *
                                                factors(next + reversed(i, 4) * (count / 4), c + column * W));
 }
@@ -1340,7 +1340,8 @@ template <class R, int W, Form form>
 void matrixToNatural(const Job<R>& job)
 {
     using V = Reg<R, W>;
-    constexpr int P = placesOf<V>, columns = columnsAtATime<R, W>;
+    constexpr int P = placesOf<V>;
+    constexpr std::ptrdiff_t columns = columnsAtATime<R, W>;
     const Head<R>& head = job.head();
     const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
     R* const turned = job.scratch; // [k1 / W][n2][2 W]
@@ -1367,7 +1368,7 @@ void matrixToNatural(const Job<R>& job)
     for (std::ptrdiff_t c = 0; c < N2; c += columns * W) {
         transformRowsToReversed<R, W, columns>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2},
                                                rows, head.rowsTable(job.table));
-        for (int column = 0; column < columns; column++)
+        for (std::ptrdiff_t column = 0; column < columns; column++)
             turn({rows + column * N1 * 2 * W}, c + column * W);
     }
     for (std::ptrdiff_t k0 = 0; k0 < N1; k0 += columns * W) {
@@ -1392,7 +1393,7 @@ void matrixToReversed(const Job<R>& job)
     R* const rows = job.scratch;
     const InnerSource<R, W> source{rows, N1 * 2 * W};
     const MatrixFactors<R, W> factors(job);
-    constexpr int columns = columnsAtATime<R, W>;
+    constexpr std::ptrdiff_t columns = columnsAtATime<R, W>;
     for (std::ptrdiff_t c = 0; c < N2; c += columns * W) {
         transformRowsToReversed<R, W, columns>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2},
                                                rows, head.rowsTable(job.table));
@@ -1415,7 +1416,7 @@ void matrixFromReversed(const Job<R>& job)
     R* const rows = job.scratch;
     const InnerTarget<R, W> inner{rows, N1 * 2 * W};
     const MatrixFactors<R, W> factors(job);
-    constexpr int columns = columnsAtATime<R, W>;
+    constexpr std::ptrdiff_t columns = columnsAtATime<R, W>;
     for (std::ptrdiff_t c = 0; c < N2; c += columns * W) {
         const OuterSource<R, W, form> source{{job.dst.re, job.dst.im}, c, N2};
         multiplyRows(source, inner, N1, factors, c);

@@ -72,15 +72,15 @@ void recombineBy(const R* src, R* dst, std::ptrdiff_t M, const R* table, R sumFa
 
 // The same in scalars. So few elements have just been stored as scalars, and loads of whole registers would have to
 // wait until they are in memory.
-template <class R, int M, bool forward>
+template <class R, std::ptrdiff_t M, bool forward>
 void recombineFew(const R* src, R* dst, const R* table, R sumFactor, R differenceFactor)
 {
     R x[2 * (M - 1)];
     ARK_UNROLL
-    for (int i = 0; i < 2 * (M - 1); i++)
+    for (std::ptrdiff_t i = 0; i < 2 * (M - 1); i++)
         x[i] = src[i];
     ARK_UNROLL
-    for (int k = 1; k <= M / 2; k++) {
+    for (std::ptrdiff_t k = 1; k <= M / 2; k++) {
         const R *const a = x + 2 * (k - 1), *const b = x + 2 * (M - k - 1);
         const R cosine = table[2 * (k - 1)], sine = table[2 * (k - 1) + 1];
         const R sumRe = (a[0] + b[0]) * sumFactor, sumIm = (a[1] - b[1]) * sumFactor;

@@ -197,14 +197,15 @@ template <class R>
 template <class R, std::size_t count>
 Workspace<R> ready(Where at, const TransformKind& kind, const Check (&nulls)[count], int order, int flags)
 {
+    const bool argumentsGood = isOrder(order) && noneFailed(nulls);
     Workspace<R> space;
     if (isOrder(order)) [[likely]]
         space = present<R>(kind, order);
-    const bool isGood = space.isComplete && statusGood() && !(flags & (ARK_Free | ARK_Init)) && noneFailed(nulls) &&
+    const bool isGood = argumentsGood && space.isComplete && statusGood() && !(flags & (ARK_Free | ARK_Init)) &&
                         keepsRules(kind, flags);
     if (!isGood) [[unlikely]] {
         const auto copies = std::to_array(nulls);
-        if (!readyAfterChecks<R>(at, kind, copies.data(), count, order, flags))
+        if (!readyAfterChecks<R>(at, kind, copies.data(), count, order, flags) || !argumentsGood)
             return {};
         space = present<R>(kind, order);
     }
