@@ -33,7 +33,7 @@
 #ifdef __clang__
 #define ARK_UNROLL _Pragma("clang loop unroll(full)")
 #else
-#define ARK_UNROLL _Pragma("GCC unroll 16")
+#define ARK_UNROLL _Pragma("GCC unroll 32")
 #endif
 
 namespace ark::ARK_SET {

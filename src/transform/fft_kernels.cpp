@@ -6,9 +6,12 @@
 //
 // with w_N = e^(-2 pi i / N). The rows: the transforms Y_l run in all lanes at once, passes of radix 4 and 8 in place,
 // with twiddles that are the same for all lanes, which leave the rows in bit-reversed order. The lanes: for W rows k at
-// a time, a tile, the twiddles w_N^(l k), a transposition, and the transform over l as radix 2 and radix W / 2, whose
-// results are whole registers of neighbouring k. Between passes a row is W real parts and then W imaginary parts. Short
-// transforms do all that in one straight piece of code, the longest as matrices.
+// a time, the twiddles w_N^(l k), a transposition, and the transform over l, at once or, in wide registers, by a tile as
+// radix 2 and radix W / 2; its results are whole registers of neighbouring k. Between passes a row is W real parts and
+// then W imaginary parts. Short transforms do all that in one straight piece of code, the longest as matrices.
+//
+// The shortest, and doubles in registers of 128 bits, have W = 1: a row is one complex number in one register, a pair,
+// and there are no lanes to transform.
 //
 // The order of lanes that a deinterleaving inside blocks of 128 bits gives is l = W/2 p1 + 2 b + p0 for floats (b the
 // block, p1 p0 the place in it) and l = W/2 p + b for doubles; it is kept throughout: the first factor of the transform
@@ -25,6 +28,7 @@ namespace {
 template <class R, int W>
 struct RegisterOf {
     typedef R Type __attribute__((vector_size(W * sizeof(R))));
+    typedef R InMemory __attribute__((vector_size(W * sizeof(R)), may_alias));
 };
 template <class R, int W>
 using Reg = typename RegisterOf<R, W>::Type;
@@ -40,6 +44,17 @@ template <class V, class R>
 ARK_INLINE void put(R* to, V v)
 {
     __builtin_memcpy(to, &v, sizeof v);
+}
+// In the tables and the scratch.
+template <class R, int W>
+ARK_INLINE Reg<R, W> getAligned(const R* from)
+{
+    return *reinterpret_cast<const typename RegisterOf<R, W>::InMemory*>(from);
+}
+template <class R, int W>
+ARK_INLINE void putAligned(R* to, Reg<R, W> v)
+{
+    *reinterpret_cast<typename RegisterOf<R, W>::InMemory*>(to) = v;
 }
 
 template <class V, int (*source)(int lane, int lanes), std::size_t... i>
@@ -109,6 +124,7 @@ constexpr int laneOf(int element, int lanes)
     return P == 4 ? rest / 2 * 4 + upper * 2 + rest % 2 : rest * 2 + upper;
 }
 
+// Complex numbers, their real and imaginary parts in two registers, ...
 template <class V>
 struct Cplx {
     V re, im;
@@ -124,20 +140,112 @@ ARK_INLINE Cplx<V> operator-(Cplx<V> a, Cplx<V> b)
     return {a.re - b.re, a.im - b.im};
 }
 template <class V>
+ARK_INLINE Cplx<V> operator-(Cplx<V> a)
+{
+    return {-a.re, -a.im};
+}
+template <class V>
 ARK_INLINE Cplx<V> operator*(Cplx<V> a, Cplx<V> b)
 {
     return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re};
+}
+template <class V, class R>
+ARK_INLINE Cplx<V> scaledBy(Cplx<V> a, R scale)
+{
+    return {a.re * scale, a.im * scale};
 }
 template <class V>
 ARK_INLINE Cplx<V> timesMinusI(Cplx<V> a)
 {
     return {a.im, -a.re};
 }
-
-template <class R, int W>
-ARK_INLINE Reg<R, W> all(R x)
+// times e^(-i pi / 4) and e^(-3 i pi / 4); eighth is the square root of one half
+template <class V, class R>
+ARK_INLINE Cplx<V> timesEighth(Cplx<V> a, R eighth)
 {
-    return x - Reg<R, W>{};
+    const V h = eighth - V{};
+    return {(a.re + a.im) * h, (a.im - a.re) * h};
+}
+template <class V, class R>
+ARK_INLINE Cplx<V> timesThreeEighths(Cplx<V> a, R eighth)
+{
+    const V h = eighth - V{};
+    return {(a.im - a.re) * h, -(a.re + a.im) * h};
+}
+
+// ... or one of them at the beginning of a register of 128 bits. Parts apart would have to be brought together again:
+// of two doubles to no purpose, and the shortest transforms take less time than that.
+template <class R>
+struct Pair {
+    using V = Reg<R, 16 / sizeof(R)>;
+    V parts;
+};
+constexpr int neighbourOf(int lane, int) { return lane ^ 1; }
+template <class R>
+ARK_INLINE Pair<R> exchanged(Pair<R> a)
+{
+    return {shuffled<neighbourOf>(a.parts, a.parts)};
+}
+template <class R>
+ARK_INLINE Pair<R> operator+(Pair<R> a, Pair<R> b)
+{
+    return {a.parts + b.parts};
+}
+template <class R>
+ARK_INLINE Pair<R> operator-(Pair<R> a, Pair<R> b)
+{
+    return {a.parts - b.parts};
+}
+template <class R>
+ARK_INLINE Pair<R> operator-(Pair<R> a)
+{
+    return {-a.parts};
+}
+template <class R>
+ARK_INLINE Pair<R> scaledBy(Pair<R> a, R scale)
+{
+    return {a.parts * scale};
+}
+template <class R>
+ARK_INLINE Pair<R> timesMinusI(Pair<R> a)
+{
+    using V = typename Pair<R>::V;
+    return {V(__m128i(exchanged(a).parts) ^ __m128i(V{R(0), R(-0.0)}))};
+}
+template <class R>
+ARK_INLINE Pair<R> timesEighth(Pair<R> a, R eighth)
+{
+    return scaledBy(a + timesMinusI(a), eighth);
+}
+template <class R>
+ARK_INLINE Pair<R> timesThreeEighths(Pair<R> a, R eighth)
+{
+    return scaledBy(timesMinusI(a) - a, eighth);
+}
+
+// What a pair is multiplied by: {re, re} and {-im, im}.
+template <class R>
+struct PairFactor {
+    typename Pair<R>::V re, im;
+};
+template <class R>
+ARK_INLINE Pair<R> operator*(Pair<R> a, PairFactor<R> b)
+{
+    return {a.parts * b.re + exchanged(a).parts * b.im};
+}
+
+// W complex numbers, and their product with one.
+template <class R, int W>
+using Row = std::conditional_t<W == 1, Pair<R>, Cplx<Reg<R, W>>>;
+template <class V, class R>
+ARK_INLINE Cplx<V> times(Cplx<V> x, R re, R im)
+{
+    return x * Cplx<V>{re - V{}, im - V{}};
+}
+template <class R>
+ARK_INLINE Pair<R> times(Pair<R> x, R re, R im)
+{
+    return x * PairFactor<R>{{re, re}, {-im, im}};
 }
 
 // sqrt(1/2), both parts of the root of unity at an eighth of the circle. The float transforms up to order 11 have
@@ -151,37 +259,35 @@ constexpr R eighthOf(int order)
 
 // ---- butterflies: forward transforms of 2, 4, 8 complex numbers, in natural order; eighth as above ----
 
-template <class V, class R>
-ARK_INLINE void butterfly(Cplx<V> (&x)[1], R)
+template <class C, class R>
+ARK_INLINE void butterfly(C (&x)[1], R)
 {
     static_cast<void>(x);
 }
-template <class V, class R>
-ARK_INLINE void butterfly(Cplx<V> (&x)[2], R)
+template <class C, class R>
+ARK_INLINE void butterfly(C (&x)[2], R)
 {
-    const Cplx<V> a = x[0] + x[1];
+    const C a = x[0] + x[1];
     x[1] = x[0] - x[1];
     x[0] = a;
 }
-template <class V, class R>
-ARK_INLINE void butterfly(Cplx<V> (&x)[4], R)
+template <class C, class R>
+ARK_INLINE void butterfly(C (&x)[4], R)
 {
-    const Cplx<V> s02 = x[0] + x[2], d02 = x[0] - x[2], s13 = x[1] + x[3], d13 = x[1] - x[3];
+    const C s02 = x[0] + x[2], d02 = x[0] - x[2], s13 = x[1] + x[3], d13 = timesMinusI(x[1] - x[3]);
     x[0] = s02 + s13;
     x[2] = s02 - s13;
-    x[1] = {d02.re + d13.im, d02.im - d13.re};
-    x[3] = {d02.re - d13.im, d02.im + d13.re};
+    x[1] = d02 + d13;
+    x[3] = d02 - d13;
 }
-template <class V, class R>
-ARK_INLINE void butterfly(Cplx<V> (&x)[8], R eighth)
+template <class C, class R>
+ARK_INLINE void butterfly(C (&x)[8], R eighth)
 {
-    Cplx<V> even[4] = {x[0] + x[4], x[1] + x[5], x[2] + x[6], x[3] + x[7]};
-    const Cplx<V> d0 = x[0] - x[4], d1 = x[1] - x[5], d2 = x[2] - x[6], d3 = x[3] - x[7];
+    C even[4] = {x[0] + x[4], x[1] + x[5], x[2] + x[6], x[3] + x[7]};
+    const C d0 = x[0] - x[4], d1 = x[1] - x[5], d2 = x[2] - x[6], d3 = x[3] - x[7];
     butterfly(even, eighth);
     // The odd results: the differences times w_8^n.
-    const V h = eighth - V{};
-    Cplx<V> odd[4] = {
-        d0, {(d1.re + d1.im) * h, (d1.im - d1.re) * h}, timesMinusI(d2), {(d3.im - d3.re) * h, -(d3.re + d3.im) * h}};
+    C odd[4] = {d0, timesEighth(d1, eighth), timesMinusI(d2), timesThreeEighths(d3, eighth)};
     butterfly(odd, eighth);
     ARK_UNROLL
     for (int i = 0; i < 4; i++) {
@@ -217,25 +323,31 @@ constexpr ConstantRoots<R, N> constantRoots = [] {
 }();
 
 // x e^(-2 pi i a / N), a < 3/4 N
-template <int N, class V, class R>
-ARK_INLINE Cplx<V> timesRoot(Cplx<V> x, int a, R eighth)
+template <int N, class C, class R>
+ARK_INLINE C timesRoot(C x, int a, R eighth)
 {
     constexpr auto& roots = constantRoots<R, N>;
-    if (a % (N / 4) == N / 8) {
-        const V h = eighth - V{};
-        x = {(x.re + x.im) * h, (x.im - x.re) * h};
-    } else if (a % (N / 4) != 0) {
-        return x * Cplx<V>{roots.re[a] - V{}, roots.im[a] - V{}};
-    }
-    return a >= N / 2 ? Cplx<V>{-x.re, -x.im} : a >= N / 4 ? timesMinusI(x) : x;
+    if (a % (N / 8) != 0)
+        return times(x, roots.re[a], roots.im[a]);
+    if (a == N / 8)
+        return timesEighth(x, eighth);
+    if (a == 2 * N / 8)
+        return timesMinusI(x);
+    if (a == 3 * N / 8)
+        return timesThreeEighths(x, eighth);
+    if (a == 4 * N / 8)
+        return -x;
+    if (a == 5 * N / 8)
+        return -timesEighth(x, eighth);
+    return x;
 }
 
 // Longer ones as N1 by 4, n = 4 n1 + n2 and k = k1 + N1 k2.
-template <class V, class R, int N>
-ARK_INLINE void butterfly(Cplx<V> (&x)[N], R eighth)
+template <class C, class R, int N>
+ARK_INLINE void butterfly(C (&x)[N], R eighth)
 {
     constexpr int N1 = N / 4;
-    Cplx<V> y[4][N1];
+    C y[4][N1];
     ARK_UNROLL
     for (int n2 = 0; n2 < 4; n2++) {
         ARK_UNROLL
@@ -245,7 +357,7 @@ ARK_INLINE void butterfly(Cplx<V> (&x)[N], R eighth)
     }
     ARK_UNROLL
     for (int k1 = 0; k1 < N1; k1++) {
-        Cplx<V> z[4];
+        C z[4];
         ARK_UNROLL
         for (int n2 = 0; n2 < 4; n2++)
             z[n2] = timesRoot<N>(y[n2][k1], n2 * k1, eighth);
@@ -261,6 +373,17 @@ ARK_INLINE void butterfly(Cplx<V> (&x)[N], R eighth)
 // How the caller's vectors are read and written. For the inverse transform real and imaginary parts exchange roles on
 // the way in and on the way out; with separate parts that is an exchange of pointers.
 enum Form { forwardPairs, inversePairs, separateParts };
+
+ARK_INLINE Pair<double> getPair(const double* from) { return {get<double, 2>(from)}; }
+ARK_INLINE Pair<float> getPair(const float* from)
+{
+    return {Reg<float, 4>(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(from)))};
+}
+ARK_INLINE void putPair(double* to, Pair<double> x) { put(to, x.parts); }
+ARK_INLINE void putPair(float* to, Pair<float> x)
+{
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(to), __m128i(x.parts));
+}
 
 // W elements of the caller's vector, in the order of lanes.
 template <class R, int W, Form form>
@@ -294,12 +417,34 @@ struct Outside {
     }
 };
 
+template <class R, Form form>
+struct Outside<R, 1, form> {
+    static ARK_INLINE Pair<R> load(FftVector<const R> from, std::ptrdiff_t element)
+    {
+        if constexpr (form == separateParts)
+            return {typename Pair<R>::V{from.re[element], from.im[element]}};
+        else if constexpr (form == forwardPairs)
+            return getPair(from.re + 2 * element);
+        else
+            return exchanged(getPair(from.re + 2 * element));
+    }
+    static ARK_INLINE void store(FftVector<R> to, std::ptrdiff_t element, Pair<R> x)
+    {
+        if constexpr (form == separateParts) {
+            to.re[element] = x.parts[0];
+            to.im[element] = x.parts[1];
+        } else {
+            putPair(to.re + 2 * element, form == forwardPairs ? x : exchanged(x));
+        }
+    }
+};
+
 // The rows that a pass reads or writes: of the caller's vector, row n beginning at element first + n step, ...
 template <class R, int W, Form form>
 struct OuterSource {
     FftVector<const R> vector;
     std::ptrdiff_t first, step;
-    ARK_INLINE Cplx<Reg<R, W>> operator()(std::ptrdiff_t n) const
+    ARK_INLINE Row<R, W> operator()(std::ptrdiff_t n) const
     {
         return Outside<R, W, form>::load(vector, first + n * step);
     }
@@ -310,42 +455,48 @@ struct OuterTarget {
     FftVector<R> vector;
     std::ptrdiff_t first, step;
     R scale;
-    ARK_INLINE void operator()(std::ptrdiff_t n, Cplx<Reg<R, W>> x) const
+    ARK_INLINE void operator()(std::ptrdiff_t n, Row<R, W> x) const
     {
-        if constexpr (scaled) {
-            x.re *= scale;
-            x.im *= scale;
-        }
+        if constexpr (scaled)
+            x = scaledBy(x, scale);
         Outside<R, W, form>::store(vector, first + n * step, x);
     }
     ARK_INLINE OuterTarget beside(std::ptrdiff_t i) const { return {vector, first + i * W, step, scale}; }
 };
 
+// A row in the tables or the scratch: W real parts and then W imaginary parts.
 template <class R, int W>
-ARK_INLINE Cplx<Reg<R, W>> getCplx(const R* from)
+ARK_INLINE Row<R, W> getRow(const R* from)
 {
-    return {get<R, W>(from), get<R, W>(from + W)};
+    if constexpr (W == 1)
+        return {getAligned<R, 2>(from)};
+    else
+        return {getAligned<R, W>(from), getAligned<R, W>(from + W)};
 }
 template <class R, int W>
-ARK_INLINE void putCplx(R* to, Cplx<Reg<R, W>> x)
+ARK_INLINE void putRow(R* to, Row<R, W> x)
 {
-    put(to, x.re);
-    put(to + W, x.im);
+    if constexpr (W == 1) {
+        putAligned<R, 2>(to, x.parts);
+    } else {
+        putAligned<R, W>(to, x.re);
+        putAligned<R, W>(to + W, x.im);
+    }
 }
 
-// ... or between passes, W real parts and then W imaginary parts each.
+// ... or between passes.
 template <class R, int W>
 struct InnerSource {
     const R* rows;
     std::ptrdiff_t distance = 0; // to the rows beside
-    ARK_INLINE Cplx<Reg<R, W>> operator()(std::ptrdiff_t n) const { return getCplx<R, W>(rows + n * 2 * W); }
+    ARK_INLINE Row<R, W> operator()(std::ptrdiff_t n) const { return getRow<R, W>(rows + n * 2 * W); }
     ARK_INLINE InnerSource beside(std::ptrdiff_t i) const { return {rows + i * distance, distance}; }
 };
 template <class R, int W>
 struct InnerTarget {
     R* rows;
     std::ptrdiff_t distance = 0;
-    ARK_INLINE void operator()(std::ptrdiff_t n, Cplx<Reg<R, W>> x) const { putCplx<R, W>(rows + n * 2 * W, x); }
+    ARK_INLINE void operator()(std::ptrdiff_t n, Row<R, W> x) const { putRow<R, W>(rows + n * 2 * W, x); }
     ARK_INLINE InnerTarget beside(std::ptrdiff_t i) const { return {rows + i * distance, distance}; }
 };
 
@@ -370,27 +521,62 @@ ARK_INLINE std::ptrdiff_t nextReversed(std::ptrdiff_t place, std::ptrdiff_t coun
     return place | bit;
 }
 
-// The radices of the transform of 2^m rows, m >= 2, and the size of their table: of every pass but the last.
+// The radices of the transform of 2^m rows, m >= 2, and the number of factors: of every pass but the last.
 struct Plan {
     int m, passes;
     int log2Radix[12];
-    std::ptrdiff_t tableSize;
+    std::ptrdiff_t factors;
 
-    static Plan of(int m)
+    static Plan of(int m, int W)
     {
         Plan plan{m, 0, {}, 0};
         std::ptrdiff_t rows = std::ptrdiff_t{1} << m;
         for (int left = m; left > 0;) {
-            const int log2Radix = left == 2 || left % 3 == 1 ? 2 : 3; // 8 as often as possible
+            // 8 where registers hold such a butterfly and more, otherwise 4
+            const bool by8 = ARK_AVX512 || W == 1 ? left % 3 == 0 : left == 3;
+            const int log2Radix = by8 ? 3 : 2;
             plan.log2Radix[plan.passes++] = log2Radix;
             left -= log2Radix;
             rows >>= log2Radix;
             if (left > 0)
-                plan.tableSize += 2 * rows * ((1 << log2Radix) - 1);
+                plan.factors += rows * ((1 << log2Radix) - 1);
         }
         return plan;
     }
 };
+
+// The factors of all passes but the last: both parts, in SSE2 as often as a register has lanes, since nothing loads
+// copies of a number there; of pairs as PairFactor has them.
+template <class R>
+constexpr int copiesOfParts(int W)
+{
+    return W == 1 ? 2 : ARK_AVX2 || ARK_AVX512 ? 1 : W;
+}
+template <class R, int W>
+constexpr std::ptrdiff_t sizeOfFactors(std::ptrdiff_t count)
+{
+    return count * 2 * copiesOfParts<R>(W);
+}
+template <class R, int W>
+ARK_INLINE auto getFactor(const R* w)
+{
+    if constexpr (W == 1)
+        return PairFactor<R>{getAligned<R, 2>(w), getAligned<R, 2>(w + 2)};
+    else if constexpr (copiesOfParts<R>(W) == W)
+        return getRow<R, W>(w);
+    else
+        return Cplx<Reg<R, W>>{w[0] - Reg<R, W>{}, w[1] - Reg<R, W>{}};
+}
+template <class R>
+R* putFactor(R* w, int W, R re, R im)
+{
+    const int copies = copiesOfParts<R>(W);
+    for (int i = 0; i < copies; i++) {
+        w[i] = re;
+        w[copies + i] = W == 1 && i == 0 ? -im : im;
+    }
+    return w + 2 * copies;
+}
 
 // The factors of all passes but the last, and the root of the butterflies.
 template <class R>
@@ -407,12 +593,11 @@ template <class R, int W, int radix, bool toReversed, bool withFactors, class So
 ARK_INLINE void inPlaceButterfly(Source source, Target target, std::ptrdiff_t row, std::ptrdiff_t apart, const R* w,
                                  R eighth)
 {
-    using V = Reg<R, W>;
-    Cplx<V> x[radix];
+    Row<R, W> x[radix];
     const auto multiply = [&]() ARK_INLINED {
         ARK_UNROLL
         for (int j = 1; j < radix; j++)
-            x[j] = x[j] * Cplx<V>{all<R, W>(w[2 * j - 2]), all<R, W>(w[2 * j - 1])};
+            x[j] = x[j] * getFactor<R, W>(w + sizeOfFactors<R, W>(j - 1));
     };
     ARK_UNROLL
     for (int t = 0; t < radix; t++)
@@ -432,7 +617,7 @@ ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std:
     const std::ptrdiff_t apart = n / radix;
     for (std::ptrdiff_t block = 0; block < n * s; block += n) {
         const R* w = table.factors;
-        for (std::ptrdiff_t row = block; row < block + apart; row++, w += 2 * (radix - 1))
+        for (std::ptrdiff_t row = block; row < block + apart; row++, w += sizeOfFactors<R, W>(radix - 1))
             for (std::ptrdiff_t i = 0; i < columns; i++)
                 inPlaceButterfly<R, W, radix, toReversed, true>(source.beside(i), target.beside(i), row, apart, w,
                                                                 table.eighth);
@@ -490,7 +675,7 @@ template <class R, int W, std::ptrdiff_t columns = 1, class Source>
                 innerPass<R, W, true>(log2Radix, rows + column * distance, n, s, table);
         n >>= log2Radix;
         s <<= log2Radix;
-        table.factors += n * 2 * ((1 << log2Radix) - 1);
+        table.factors += sizeOfFactors<R, W>(n * ((1 << log2Radix) - 1));
     }
 }
 
@@ -498,12 +683,12 @@ template <class R, int W, std::ptrdiff_t columns = 1, class Source>
 template <class R, int W, int radix, std::ptrdiff_t columns, class Source, class Target>
 ARK_INLINE void lastPass(Source source, Target target, std::ptrdiff_t M, R eighth)
 {
-    for (std::ptrdiff_t block = 0, k = 0; block < M; block += radix, k = nextReversed(k, M / radix))
+    for (std::ptrdiff_t k = 0, block = 0; k < M / radix; k++, block = nextReversed(block, M / radix))
         for (std::ptrdiff_t i = 0; i < columns; i++) {
-            Cplx<Reg<R, W>> x[radix];
+            Row<R, W> x[radix];
             ARK_UNROLL
             for (int t = 0; t < radix; t++)
-                x[t] = source.beside(i)(block + t);
+                x[t] = source.beside(i)(block * radix + t);
             butterfly(x, eighth);
             ARK_UNROLL
             for (int j = 0; j < radix; j++)
@@ -516,7 +701,7 @@ template <class R, int W, std::ptrdiff_t columns = 1, class Target>
 [[gnu::noinline]] void transformRowsFromReversed(const Plan& plan, int passes, R* rows, Target target,
                                                  RowsTable<R> table)
 {
-    table.factors += plan.tableSize;
+    table.factors += sizeOfFactors<R, W>(plan.factors);
     std::ptrdiff_t n = 1, s = std::ptrdiff_t{1} << plan.m;
     const std::ptrdiff_t distance = s * 2 * W;
     for (int i = plan.passes - 1; i >= passes; i--) {
@@ -526,7 +711,7 @@ template <class R, int W, std::ptrdiff_t columns = 1, class Target>
     for (int i = passes - 1; i >= 0; i--) {
         const int log2Radix = plan.log2Radix[i];
         if (n > 1)
-            table.factors -= n * 2 * ((1 << log2Radix) - 1);
+            table.factors -= sizeOfFactors<R, W>(n * ((1 << log2Radix) - 1));
         n <<= log2Radix;
         s >>= log2Radix;
         if (i == 0)
@@ -584,6 +769,51 @@ ARK_INLINE void transposeBlocks(V (&x)[4])
     x[3] = shuffled<oddBlocks<P>>(b, d);
 }
 
+// W rows transposed: register i then has lane i of all of them.
+template <class V>
+ARK_INLINE void transposeReals(V* x)
+{
+    constexpr int P = placesOf<V>, B = lanesOf<V> / P;
+    V inBlocks[B][P];
+    ARK_UNROLL
+    for (int group = 0; group < B; group++) {
+        ARK_UNROLL
+        for (int r = 0; r < P; r++)
+            inBlocks[group][r] = x[group * P + r];
+        transposeInBlocks(inBlocks[group]);
+    }
+    ARK_UNROLL
+    for (int p = 0; p < P; p++) {
+        V blocks[B];
+        ARK_UNROLL
+        for (int group = 0; group < B; group++)
+            blocks[group] = inBlocks[group][p];
+        transposeBlocks<P>(blocks);
+        ARK_UNROLL
+        for (int b = 0; b < B; b++)
+            x[b * P + p] = blocks[b];
+    }
+}
+
+template <class V, int W>
+ARK_INLINE void transpose(Cplx<V> (&x)[W])
+{
+    V re[W], im[W];
+    ARK_UNROLL
+    for (int i = 0; i < W; i++) {
+        re[i] = x[i].re;
+        im[i] = x[i].im;
+    }
+    transposeReals(re);
+    transposeReals(im);
+    ARK_UNROLL
+    for (int i = 0; i < W; i++)
+        x[i] = {re[i], im[i]};
+}
+template <class R>
+ARK_INLINE void transpose(Pair<R> (&)[1])
+{}
+
 // The constants of a register's own transform, in the table: the factors of the radix-2 step of fillTile, then those
 // between the upper and the lower stages of transformLanes, which only registers of 8 and 16 lanes need.
 template <class R, int W>
@@ -591,7 +821,7 @@ struct LaneConstants {
     static constexpr int halfFactors = int(8 / sizeof(R)), size = (halfFactors + 1) * 2 * W;
     const R* table;
     R eighth;
-    ARK_INLINE Cplx<Reg<R, W>> half(int p) const { return getCplx<R, W>(table + p * 2 * W); }
+    ARK_INLINE Cplx<Reg<R, W>> half(int p) const { return getRow<R, W>(table + p * 2 * W); }
     ARK_INLINE Cplx<Reg<R, W>> stages() const { return half(halfFactors); }
 };
 
@@ -605,8 +835,8 @@ struct Tile {
 
 // The factors w_N^(l k) of the rows that row(0) to row(W - 1) give, the transposition inside blocks, and radix 2 over
 // the upper half of the lanes.
-template <class R, int W, class Row>
-ARK_INLINE void fillTile(Tile<R, W>& tile, Row row, const R* table, LaneConstants<R, W> constants)
+template <class R, int W, class RowAt>
+ARK_INLINE void fillTile(Tile<R, W>& tile, RowAt row, const R* table, LaneConstants<R, W> constants)
 {
     using V = Reg<R, W>;
     constexpr int P = Tile<R, W>::P, half = Tile<R, W>::half;
@@ -616,7 +846,7 @@ ARK_INLINE void fillTile(Tile<R, W>& tile, Row row, const R* table, LaneConstant
         ARK_UNROLL
         for (int r = 0; r < P; r++) {
             const int i = elementOf<P>(group * P + r, W);
-            const Cplx<V> x = row(i) * getCplx<R, W>(table + i * 2 * W);
+            const Cplx<V> x = row(i) * getRow<R, W>(table + i * 2 * W);
             re[r] = x.re;
             im[r] = x.im;
         }
@@ -664,6 +894,32 @@ ARK_INLINE void emptyTile(const Tile<R, W>& tile, Target target, std::ptrdiff_t 
     }
 }
 
+// The same without a tile where the registers hold W rows, whose transposition makes the transform over the lanes a
+// butterfly.
+template <int W>
+constexpr bool fitsRegisters = W <= 4;
+template <class R, int W, class RowAt, class Target>
+ARK_INLINE void lanesInRegisters(RowAt row, Target target, std::ptrdiff_t k0, std::ptrdiff_t M, const R* table,
+                                 R eighth)
+{
+    using V = Reg<R, W>;
+    constexpr int P = placesOf<V>;
+    Cplx<V> turned[W], x[W];
+    ARK_UNROLL
+    for (int lane = 0; lane < W; lane++) {
+        const int i = elementOf<P>(lane, W);
+        turned[lane] = row(i) * getRow<R, W>(table + i * 2 * W);
+    }
+    transpose(turned);
+    ARK_UNROLL
+    for (int lane = 0; lane < W; lane++)
+        x[elementOf<P>(lane, W)] = turned[lane];
+    butterfly(x, eighth);
+    ARK_UNROLL
+    for (int q = 0; q < W; q++)
+        target(k0 + M * q, x[q]);
+}
+
 // Natural order, from rows in bit-reversed order: for W rows k at a time, the transform over the lanes of each, written
 // where k + M q stands. A tile is filled while the one before it is emptied, so that neither waits for memory.
 template <class R, int W, class Target>
@@ -672,14 +928,19 @@ void lanesToNatural(const R* rows, Target target, std::ptrdiff_t M, const R* tab
     const InnerSource<R, W> source{rows};
     std::ptrdiff_t place = 0;
     const auto row = [&](int i) ARK_INLINED { return source(place + reversed(i, W) * (M / W)); };
-    Tile<R, W> tiles[2];
-    fillTile(tiles[0], row, table, constants);
-    for (std::ptrdiff_t k0 = 0; k0 < M; k0 += W) {
-        if (k0 + W < M) {
-            place = nextReversed(place, M / W);
-            fillTile(tiles[(k0 / W + 1) % 2], row, table + (k0 + W) * 2 * W, constants);
+    if constexpr (fitsRegisters<W>) {
+        for (std::ptrdiff_t k0 = 0; k0 < M; k0 += W, place = nextReversed(place, M / W))
+            lanesInRegisters<R, W>(row, target, k0, M, table + k0 * 2 * W, constants.eighth);
+    } else {
+        Tile<R, W> tiles[2];
+        fillTile(tiles[0], row, table, constants);
+        for (std::ptrdiff_t k0 = 0; k0 < M; k0 += W) {
+            if (k0 + W < M) {
+                place = nextReversed(place, M / W);
+                fillTile(tiles[(k0 / W + 1) % 2], row, table + (k0 + W) * 2 * W, constants);
+            }
+            emptyTile(tiles[k0 / W % 2], target, k0, M, constants.eighth);
         }
-        emptyTile(tiles[k0 / W % 2], target, k0, M, constants.eighth);
     }
 }
 
@@ -741,8 +1002,6 @@ ARK_INLINE void transformLanes(Cplx<Reg<R, W>> (&x)[count], LaneConstants<R, W> 
             for (int i = 0; i < 4; i++)
                 x[first + i] = four[i];
         }
-    } else if constexpr (W == 2) {
-        laneStage<R, W, 1>(x);
     } else if constexpr (W == placesOf<Reg<R, W>>) {
         // As many registers as a register has lanes: transposed, they are a butterfly. Lanes are in their own order
         // here.
@@ -876,26 +1135,29 @@ private:
 };
 
 template <class R>
-void fillRowsTable(const Plan& plan, R* table, R eighth)
+void fillRowsTable(const Plan& plan, int W, R* table, R eighth)
 {
     const Roots<R> roots(plan.m, eighth);
     for (int i = 0, left = plan.m; i + 1 < plan.passes; i++) {
         const int step = plan.m - left;
         left -= plan.log2Radix[i];
         for (std::size_t p = 0; p < std::size_t{1} << left; p++)
-            for (std::size_t j = 1; j < std::size_t{1} << plan.log2Radix[i]; j++, table += 2)
-                roots.get((p * j) << step, table[0], table[1]);
+            for (std::size_t j = 1; j < std::size_t{1} << plan.log2Radix[i]; j++) {
+                R re, im;
+                roots.get((p * j) << step, re, im);
+                table = putFactor(table, W, re, im);
+            }
     }
 }
 
-// The widest register of which an order has 4 rows; 0 for the orders that are done in scalars.
+// The widest register of which an order has 4 rows; otherwise pairs.
 template <class R>
 constexpr int widthFor(int order)
 {
-    for (int width = lanes<R>; width >= int(16 / sizeof(R)); width /= 2)
+    for (int width = lanes<R>; width >= 4; width /= 2)
         if (order >= log2Of(width) + 2)
             return width;
-    return 0;
+    return 1;
 }
 
 // From this order on the vector is a matrix: columns, whose rows are far apart, are transformed W at a time, and then
@@ -931,17 +1193,19 @@ struct Head {
             end = begin + count;
             return begin;
         };
-        const std::ptrdiff_t W = head.W;
-        if (W > 0 && order < matrixFrom) {
-            head.plan = Plan::of(order - log2Of(head.W));
-            head.rows = add(head.plan.tableSize);
-            head.lanes = add(std::ptrdiff_t{2} << order);
-            head.constants = add((std::ptrdiff_t(8 / sizeof(R)) + 1) * 2 * W);
-        } else if (W > 0) {
-            head.plan = Plan::of(order - order / 2);
-            head.restPlan = Plan::of(order / 2);
-            head.rows = add(head.plan.tableSize);
-            head.restRows = add(head.restPlan.tableSize);
+        const std::ptrdiff_t W = head.W, factor = 2 * copiesOfParts<R>(head.W);
+        if (order < matrixFrom) {
+            head.plan = Plan::of(order - log2Of(head.W), head.W);
+            head.rows = add(head.plan.factors * factor);
+            if (W > 1) {
+                head.lanes = add(std::ptrdiff_t{2} << order);
+                head.constants = add((std::ptrdiff_t(8 / sizeof(R)) + 1) * 2 * W);
+            }
+        } else {
+            head.plan = Plan::of(order - order / 2, head.W);
+            head.restPlan = Plan::of(order / 2, head.W);
+            head.rows = add(head.plan.factors * factor);
+            head.restRows = add(head.restPlan.factors * factor);
             head.powers = add(2 * W << head.plan.m);
             head.fine = add(std::ptrdiff_t{2} << head.restPlan.m);
             head.coarse = add(std::ptrdiff_t{2} << head.plan.m);
@@ -958,7 +1222,9 @@ void fillShortTable(const Head<R>& head, R* table)
 {
     const int W = head.W, P = int(16 / sizeof(R));
     const auto element = [&](int lane) { return std::size_t(P == 4 ? elementOf<4>(lane, W) : elementOf<2>(lane, W)); };
-    fillRowsTable(head.plan, table + head.rows, head.eighth);
+    fillRowsTable(head.plan, head.W, table + head.rows, head.eighth);
+    if (W == 1)
+        return;
     const Roots<R> roots(head.order, head.eighth);
     R* at = table + head.lanes;
     for (std::size_t k = 0; k < std::size_t{1} << head.plan.m; k++, at += 2 * W)
@@ -981,8 +1247,8 @@ template <class R>
 void fillMatrixTable(const Head<R>& head, R* table)
 {
     using Fine = typename WiderThan<R>::Type;
-    fillRowsTable(head.plan, table + head.rows, head.eighth);
-    fillRowsTable(head.restPlan, table + head.restRows, head.eighth);
+    fillRowsTable(head.plan, head.W, table + head.rows, head.eighth);
+    fillRowsTable(head.restPlan, head.W, table + head.restRows, head.eighth);
     R *powers = table + head.powers, *fine = table + head.fine, *coarse = table + head.coarse;
     for (std::size_t a = 0; a < std::size_t{1} << head.restPlan.m; a++) {
         const Root<Fine> root = rootOf<Fine>(a, head.order);
@@ -1008,8 +1274,6 @@ template <class R>
 void fillTableOf(const Head<R>& head, R* table)
 {
     __builtin_memcpy(table, &head, sizeof head);
-    if (head.W == 0)
-        return;
     if (head.order < matrixFrom)
         return fillShortTable(head, table);
     fillMatrixTable(head, table);
@@ -1035,7 +1299,7 @@ template <class R>
 std::size_t scratchSize(int order)
 {
     const Head<R> head = headFor<R>(order);
-    const std::size_t whole = head.W == 0 ? 0 : std::size_t{2} << order;
+    const std::size_t whole = std::size_t{2} << order;
     return order < matrixFrom ? whole
                               : whole + (std::size_t(2 * columnsAtATime<R, lanes<R>> * lanes<R>) << head.plan.m);
 }
@@ -1067,12 +1331,17 @@ template <class R, int W, Form form>
 void shortToNatural(const Job<R>& job)
 {
     const Head<R>& head = job.head();
+    const std::ptrdiff_t M = std::ptrdiff_t{1} << head.plan.m;
     R* const rows = job.scratch;
-    transformRowsToReversed<R, W>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, 0, W}, rows,
-                                  head.rowsTable(job.table));
+    transformRowsToReversed<R, W>(head.plan, W == 1 ? head.plan.passes - 1 : head.plan.passes,
+                                  OuterSource<R, W, form>{job.src, 0, W}, rows, head.rowsTable(job.table));
     withTarget<R, W, form>(job.dst, 0, 1, job.scale, [&](auto target) {
-        lanesToNatural<R, W>(rows, target, std::ptrdiff_t{1} << head.plan.m, job.table + head.lanes,
-                             {job.table + head.constants, head.eighth});
+        if constexpr (W == 1)
+            withRadix(head.plan.log2Radix[head.plan.passes - 1], [&]<int radix>(Index<radix>) ARK_INLINED {
+                lastPass<R, W, radix, 1>(InnerSource<R, W>{rows}, target, M, head.eighth);
+            });
+        else
+            lanesToNatural<R, W>(rows, target, M, job.table + head.lanes, {job.table + head.constants, head.eighth});
     });
 }
 
@@ -1098,20 +1367,52 @@ template <class R, int W, Form form, int M>
 void fewTiles(const Job<R>& job)
 {
     const OuterSource<R, W, form> source{job.src, 0, W};
-    const OuterTarget<R, W, form, true> target{job.dst, 0, 1, job.scale};
     const LaneConstants<R, W> constants{job.table + job.head().constants, job.head().eighth};
     Cplx<Reg<R, W>> x[M];
     ARK_UNROLL
     for (int n = 0; n < M; n++)
         x[n] = source(n);
     butterfly(x, constants.eighth);
+    withTarget<R, W, form>(job.dst, 0, 1, job.scale, [&](auto target) ARK_INLINED {
+        ARK_UNROLL
+        for (int k0 = 0; k0 < M; k0 += W) {
+            const auto row = [&](int i) ARK_INLINED { return x[k0 + i]; };
+            const R* const factors = job.table + job.head().lanes + k0 * 2 * W;
+            if constexpr (fitsRegisters<W>) {
+                lanesInRegisters<R, W>(row, target, k0, M, factors, constants.eighth);
+            } else {
+                Tile<R, W> tile;
+                fillTile(tile, row, factors, constants);
+                emptyTile(tile, target, k0, M, constants.eighth);
+            }
+        }
+    });
+}
+
+template <class C, class R, int N>
+ARK_INLINE void scaleAll(C (&x)[N], R scale)
+{
+    if (scale != 1)
+        ARK_UNROLL
+    for (int i = 0; i < N; i++)
+        x[i] = scaledBy(x[i], scale);
+}
+
+// Pairs, in any order.
+template <class R, Form form, FftOrder fftOrder, int N>
+void fewPairs(const Job<R>& job)
+{
+    const OuterSource<R, 1, form> source{job.src, 0, 1};
+    const OuterTarget<R, 1, form, false> target{job.dst, 0, 1, 1};
+    Row<R, 1> x[N];
     ARK_UNROLL
-    for (int k0 = 0; k0 < M; k0 += W) {
-        Tile<R, W> tile;
-        const auto row = [&](int i) ARK_INLINED { return x[k0 + i]; };
-        fillTile(tile, row, job.table + job.head().lanes + k0 * 2 * W, constants);
-        emptyTile(tile, target, k0, M, constants.eighth);
-    }
+    for (int n = 0; n < N; n++)
+        x[fftOrder == bitReversedInput ? reversed(n, N) : n] = source(n);
+    butterfly(x, eighthOf<R>(log2Of(N)));
+    scaleAll(x, job.scale);
+    ARK_UNROLL
+    for (int k = 0; k < N; k++)
+        target(fftOrder == bitReversedOutput ? reversed(k, N) : k, x[k]);
 }
 
 // Fewer than a tile, or in another order: in registers.
@@ -1122,7 +1423,7 @@ void fewRows(const Job<R>& job)
     constexpr int P = placesOf<V>, B = W / P;
     constexpr bool fromReversed = fftOrder == bitReversedInput;
     const OuterSource<R, W, form> source{job.src, 0, W};
-    const OuterTarget<R, W, form, true> target{job.dst, 0, W, job.scale};
+    const OuterTarget<R, W, form, false> target{job.dst, 0, W, 1};
     const LaneConstants<R, W> constants{job.table + job.head().constants, job.head().eighth};
     const R* const factors = job.table + job.head().lanes;
     Cplx<V> x[M];
@@ -1135,20 +1436,18 @@ void fewRows(const Job<R>& job)
         butterfly(x, constants.eighth);
     ARK_UNROLL
     for (int k = 1; k < M; k++)
-        x[k] = x[k] * getCplx<R, W>(factors + k * 2 * W);
+        x[k] = x[k] * getRow<R, W>(factors + k * 2 * W);
     if constexpr (fromReversed)
         butterfly(x, constants.eighth);
     else
         transformLanes<R, W, true>(x, constants);
+    scaleAll(x, job.scale);
     if constexpr (fftOrder != naturalOrder) {
         ARK_UNROLL
         for (int k = 0; k < M; k++)
             target(fromReversed ? k : reversed(k, M), x[k]);
         return;
     }
-    ARK_UNROLL
-    for (int k = 0; k < M; k++)
-        x[k] = {x[k].re * job.scale, x[k].im * job.scale};
     // P rows k of one result q of the lanes are neighbours.
     ARK_UNROLL
     for (int k = 0; k < M; k += P) {
@@ -1185,15 +1484,17 @@ ARK_INLINE void rowsThenLanes(Source source, Target target, std::ptrdiff_t M, co
                               LaneConstants<R, W> constants)
 {
     for (std::ptrdiff_t row = 0, next = 0; row < M; row += radix, next = nextReversed(next, M / radix)) {
-        Cplx<Reg<R, W>> x[radix];
+        Row<R, W> x[radix];
         ARK_UNROLL
         for (int t = 0; t < radix; t++)
             x[t] = source(row + t);
         butterfly(x, constants.eighth);
-        ARK_UNROLL
-        for (int j = 0; j < radix; j++)
-            x[j] = x[j] * getCplx<R, W>(factors + (next + j * (M / radix)) * 2 * W);
-        transformLanes<R, W, true>(x, constants);
+        if constexpr (W > 1) {
+            ARK_UNROLL
+            for (int j = 0; j < radix; j++)
+                x[j] = x[j] * getRow<R, W>(factors + (next + j * (M / radix)) * 2 * W);
+            transformLanes<R, W, true>(x, constants);
+        }
         ARK_UNROLL
         for (int j = 0; j < radix; j++)
             target(row + reversed(j, radix), x[j]);
@@ -1204,14 +1505,16 @@ ARK_INLINE void lanesThenRows(Source source, Target target, std::ptrdiff_t M, co
                               LaneConstants<R, W> constants)
 {
     for (std::ptrdiff_t row = 0, next = 0; row < M; row += radix, next = nextReversed(next, M / radix)) {
-        Cplx<Reg<R, W>> x[radix];
+        Row<R, W> x[radix];
         ARK_UNROLL
         for (int j = 0; j < radix; j++)
             x[j] = source(row + reversed(j, radix));
-        transformLanes<R, W, false>(x, constants);
-        ARK_UNROLL
-        for (int j = 0; j < radix; j++)
-            x[j] = x[j] * getCplx<R, W>(factors + (next + j * (M / radix)) * 2 * W);
+        if constexpr (W > 1) {
+            transformLanes<R, W, false>(x, constants);
+            ARK_UNROLL
+            for (int j = 0; j < radix; j++)
+                x[j] = x[j] * getRow<R, W>(factors + (next + j * (M / radix)) * 2 * W);
+        }
         butterfly(x, constants.eighth);
         ARK_UNROLL
         for (int t = 0; t < radix; t++)
@@ -1219,19 +1522,13 @@ ARK_INLINE void lanesThenRows(Source source, Target target, std::ptrdiff_t M, co
     }
 }
 
-// The two bit-reversed orders have row r where r W stands in the caller's vector, and need no scratch if that can hold
-// rows. The vector may begin at element first.
-template <class R, Form form>
-R* reversedRows(const Job<R>& job, std::ptrdiff_t first)
-{
-    return form == separateParts ? job.scratch : job.dst.re + 2 * first;
-}
+// The two bit-reversed orders have row r where r W stands in the caller's vector, which may begin at element first.
 template <class R, int W, Form form>
 void shortToReversedFrom(const Job<R>& job, std::ptrdiff_t first)
 {
     const Head<R>& head = job.head();
     const std::ptrdiff_t M = std::ptrdiff_t{1} << head.plan.m;
-    R* const rows = reversedRows<R, form>(job, first);
+    R* const rows = job.scratch;
     transformRowsToReversed<R, W>(head.plan, head.plan.passes - 1, OuterSource<R, W, form>{job.src, first, W}, rows,
                                   head.rowsTable(job.table));
     const LaneConstants<R, W> constants{job.table + head.constants, head.eighth};
@@ -1255,7 +1552,7 @@ void shortFromReversedFrom(const Job<R>& job, std::ptrdiff_t first)
 {
     const Head<R>& head = job.head();
     const std::ptrdiff_t M = std::ptrdiff_t{1} << head.plan.m;
-    R* const rows = reversedRows<R, form>(job, first);
+    R* const rows = job.scratch;
     const LaneConstants<R, W> constants{job.table + head.constants, head.eighth};
     const R* const factors = job.table + head.lanes;
     const OuterSource<R, W, form> source{job.src, first, W};
@@ -1286,12 +1583,14 @@ struct MatrixFactors {
           coarse{job.table + job.head().coarse},
           fineBits{job.head().restPlan.m}
     {}
-    ARK_INLINE Cplx<Reg<R, W>> operator()(std::ptrdiff_t k, std::ptrdiff_t c) const
+    ARK_INLINE Row<R, W> times(Row<R, W> x, std::ptrdiff_t k, std::ptrdiff_t c) const
     {
         const std::ptrdiff_t a = k * c;
         const R *f = fine + 2 * (a & ((std::ptrdiff_t{1} << fineBits) - 1)), *g = coarse + 2 * (a >> fineBits);
-        const Cplx<Reg<R, W>> common{all<R, W>(f[0] * g[0] - f[1] * g[1]), all<R, W>(f[0] * g[1] + f[1] * g[0])};
-        return getCplx<R, W>(powers + k * 2 * W) * common;
+        x = ARK_SET::times(x, f[0] * g[0] - f[1] * g[1], f[0] * g[1] + f[1] * g[0]);
+        if constexpr (W > 1)
+            x = x * getRow<R, W>(powers + k * 2 * W);
+        return x;
     }
 };
 
@@ -1304,34 +1603,8 @@ ARK_INLINE void multiplyRows(Source source, Target target, std::ptrdiff_t count,
         ARK_UNROLL
     for (int i = 0; i < 4; i++)
         for (std::ptrdiff_t column = 0; column < columnsAtATime<R, W>; column++)
-            target.beside(column)(row + i, source.beside(column)(row + i) *
-                                               factors(next + reversed(i, 4) * (count / 4), c + column * W));
-}
-
-// W rows transposed: register i then has lane i of all of them.
-template <class V>
-ARK_INLINE void transpose(V* x)
-{
-    constexpr int P = placesOf<V>, B = lanesOf<V> / P;
-    V inBlocks[B][P];
-    ARK_UNROLL
-    for (int group = 0; group < B; group++) {
-        ARK_UNROLL
-        for (int r = 0; r < P; r++)
-            inBlocks[group][r] = x[group * P + r];
-        transposeInBlocks(inBlocks[group]);
-    }
-    ARK_UNROLL
-    for (int p = 0; p < P; p++) {
-        V blocks[B];
-        ARK_UNROLL
-        for (int group = 0; group < B; group++)
-            blocks[group] = inBlocks[group][p];
-        transposeBlocks<P>(blocks);
-        ARK_UNROLL
-        for (int b = 0; b < B; b++)
-            x[b * P + p] = blocks[b];
-    }
+            target.beside(column)(row + i, factors.times(source.beside(column)(row + i),
+                                                         next + reversed(i, 4) * (count / 4), c + column * W));
 }
 
 // With N = N1 N2, n = N2 n1 + n2 and k = k1 + N1 k2: the columns, over n1; the factors w_N^(n2 k1); a transposition
@@ -1339,8 +1612,7 @@ ARK_INLINE void transpose(V* x)
 template <class R, int W, Form form>
 void matrixToNatural(const Job<R>& job)
 {
-    using V = Reg<R, W>;
-    constexpr int P = placesOf<V>;
+    constexpr int P = int(16 / sizeof(R));
     constexpr std::ptrdiff_t columns = columnsAtATime<R, W>;
     const Head<R>& head = job.head();
     const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
@@ -1349,20 +1621,17 @@ void matrixToNatural(const Job<R>& job)
     const MatrixFactors<R, W> factors(job);
     const auto turn = [&](InnerSource<R, W> source, std::ptrdiff_t c) ARK_INLINED {
         for (std::ptrdiff_t k0 = 0, place = 0; k0 < N1; k0 += W, place = nextReversed(place, N1 / W)) {
-            V re[W], im[W];
+            Row<R, W> x[W];
             ARK_UNROLL
             for (int lane = 0; lane < W; lane++) {
                 const int i = elementOf<P>(lane, W);
-                const Cplx<V> x = source(place + reversed(i, W) * (N1 / W)) * factors(k0 + i, c);
-                re[lane] = x.re;
-                im[lane] = x.im;
+                x[lane] = factors.times(source(place + reversed(i, W) * (N1 / W)), k0 + i, c);
             }
-            transpose(re);
-            transpose(im);
+            transpose(x);
             R* const to = turned + (k0 * N2 + c * W) * 2;
             ARK_UNROLL
             for (int lane = 0; lane < W; lane++)
-                putCplx<R, W>(to + elementOf<P>(lane, W) * 2 * W, {re[lane], im[lane]});
+                putRow<R, W>(to + elementOf<P>(lane, W) * 2 * W, x[lane]);
         }
     };
     for (std::ptrdiff_t c = 0; c < N2; c += columns * W) {
@@ -1427,28 +1696,11 @@ void matrixFromReversed(const Job<R>& job)
     }
 }
 
-// Orders too short for registers.
-template <class R, Form form, FftOrder fftOrder, int N>
-void inScalars(const Job<R>& job)
-{
-    constexpr int step = form == separateParts ? 1 : 2;
-    Cplx<R> x[N];
-    for (int i = 0; i < N; i++) {
-        const R re = job.src.re[i * step], im = job.src.im[i * step];
-        x[fftOrder == bitReversedInput ? reversed(i, N) : i] = form == inversePairs ? Cplx<R>{im, re} : Cplx<R>{re, im};
-    }
-    butterfly(x, job.head().eighth);
-    for (int i = 0; i < N; i++) {
-        const Cplx<R> y = x[fftOrder == bitReversedOutput ? reversed(i, N) : i];
-        job.dst.re[i * step] = (form == inversePairs ? y.im : y.re) * job.scale;
-        job.dst.im[i * step] = (form == inversePairs ? y.re : y.im) * job.scale;
-    }
-}
-
 // Up to 2^4 or 2^5 rows one straight piece of code is quicker than passes over them. The intermediate results of 32
 // rows of 64 bytes would lie 4 KiB apart on the stack, where processors take loads for dependent on stores.
 template <class R, int W>
 constexpr int longestFewTiles = W * sizeof(R) < 64 ? 5 : 4;
+constexpr int longestFewPairs = 5;
 
 template <class R>
 using Compute = void (*)(const Job<R>& job);
@@ -1457,11 +1709,11 @@ template <class R, Form form, FftOrder fftOrder, int order>
 constexpr Compute<R> computeFor()
 {
     constexpr int W = widthFor<R>(order), m = order - log2Of(W);
-    if constexpr (W == 0)
-        return inScalars<R, form, fftOrder, 1 << order>;
-    else if constexpr (fftOrder == naturalOrder && m <= longestFewTiles<R, W> && (1 << m) % W == 0)
+    if constexpr (W == 1 && order <= longestFewPairs)
+        return fewPairs<R, form, fftOrder, 1 << order>;
+    else if constexpr (W > 1 && fftOrder == naturalOrder && m <= longestFewTiles<R, W> && (1 << m) % W == 0)
         return fewTiles<R, W, form, 1 << m>;
-    else if constexpr (m <= 3 || (m == 4 && fftOrder != naturalOrder))
+    else if constexpr (W > 1 && (m <= 3 || (m == 4 && fftOrder != naturalOrder)))
         return fewRows<R, W, form, fftOrder, 1 << m>;
     else if constexpr (fftOrder == naturalOrder)
         return order < matrixFrom ? shortToNatural<R, W, form> : matrixToNatural<R, W, form>;
