@@ -12,7 +12,7 @@
 // dftLane in both halves; the transposition picks its rows in that order.
 #include "transform/dft_kernels.hpp"
 #include "frame/kernels.hpp"
-#include "frame/simd.hpp"
+#include "transform/fft_numbers.hpp"
 
 namespace ark::ARK_SET {
 namespace {
@@ -21,55 +21,19 @@ using V = Vec<double>;
 constexpr std::ptrdiff_t W = lanes<double>;
 constexpr std::ptrdiff_t rowSize = 2 * W; // doubles
 
-struct Cplx {
-    V re, im;
-};
-ARK_INLINE Cplx operator+(Cplx a, Cplx b) { return {a.re + b.re, a.im + b.im}; }
-ARK_INLINE Cplx operator-(Cplx a, Cplx b) { return {a.re - b.re, a.im - b.im}; }
-ARK_INLINE Cplx operator*(Cplx a, Cplx b) { return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re}; }
-ARK_INLINE Cplx operator*(double factor, Cplx a) { return {factor * a.re, factor * a.im}; }
-ARK_INLINE Cplx timesMinusI(Cplx a) { return {a.im, -a.re}; }
-
-// ---- permutations inside blocks of 128 bits, and of blocks ----
-
-// Of every two groups of lanes, the low ones of a and b, or the high ones.
-template <int group>
-constexpr int lowGroups(int lane, int lanes)
-{
-    return lane / group % 2 ? lanes + lane - group : lane;
-}
-template <int group>
-constexpr int highGroups(int lane, int lanes)
-{
-    return lowGroups<group>(lane, lanes) + group;
-}
-
-// Register i then has lane i of all of them.
-template <int group = 1>
-ARK_INLINE void transpose(V* x)
-{
-    if constexpr (group < W) {
-        ARK_UNROLL
-        for (int i = 0; i < W; i++)
-            if (i / group % 2 == 0) {
-                const V a = x[i], b = x[i + group];
-                x[i] = permute2<lowGroups<group>>(a, b);
-                x[i + group] = permute2<highGroups<group>>(a, b);
-            }
-        transpose<2 * group>(x);
-    }
-}
+using Complex = Cplx<V>;
+ARK_INLINE Complex operator*(double factor, Complex a) { return scaledBy(a, factor); }
 
 // ---- where the passes read and write ----
 
 struct Rows {
     double* rows;
 
-    ARK_INLINE Cplx get(std::ptrdiff_t row) const
+    ARK_INLINE Complex get(std::ptrdiff_t row) const
     {
         return {load(rows + row * rowSize), load(rows + row * rowSize + W)};
     }
-    ARK_INLINE void put(std::ptrdiff_t row, Cplx x) const
+    ARK_INLINE void put(std::ptrdiff_t row, Complex x) const
     {
         store(rows + row * rowSize, x.re);
         store(rows + row * rowSize + W, x.im);
@@ -82,10 +46,10 @@ struct PairsSource {
     std::ptrdiff_t stride; // reals
     double sign;
 
-    ARK_INLINE Cplx get(std::ptrdiff_t row) const
+    ARK_INLINE Complex get(std::ptrdiff_t row) const
     {
         const V a = loadDoubles(pairs + row * stride), b = loadDoubles(pairs + row * stride + W);
-        return {permute2<lowGroups<1>>(a, b), sign * permute2<highGroups<1>>(a, b)};
+        return {permute2<unpackLow<2, 1>>(a, b), sign * permute2<unpackHigh<2, 1>>(a, b)};
     }
 };
 
@@ -95,94 +59,20 @@ struct PairsTarget {
     std::ptrdiff_t stride; // reals
     double reScale, imScale;
 
-    ARK_INLINE void put(std::ptrdiff_t row, Cplx x) const
+    ARK_INLINE void put(std::ptrdiff_t row, Complex x) const
     {
         const V re = x.re * reScale, im = x.im * imScale;
-        storeDoubles(pairs + row * stride, permute2<lowGroups<1>>(re, im));
-        storeDoubles(pairs + row * stride + W, permute2<highGroups<1>>(re, im));
+        storeDoubles(pairs + row * stride, permute2<unpackLow<2, 1>>(re, im));
+        storeDoubles(pairs + row * stride + W, permute2<unpackHigh<2, 1>>(re, im));
     }
 };
 
 // ---- butterflies ----
 
-// The cosine and the sine of 2 pi i / N.
-constexpr long double cosineOf(int i, int N)
+template <int N, class C>
+requires(N == 1 || N == 2 || N == 4 || N == 8) ARK_INLINE void butterfly(C (&x)[N])
 {
-    const long double angle = 2 * 3.14159265358979323846264338327950288L * (2 * i > N ? N - i : i) / N;
-    long double term = 1, sum = 1;
-    for (int n = 2; n < 40; n += 2) {
-        term *= -angle * angle / (n * (n - 1));
-        sum += term;
-    }
-    return sum;
-}
-constexpr long double sineOf(int i, int N)
-{
-    const long double angle = 2 * 3.14159265358979323846264338327950288L * (2 * i > N ? N - i : i) / N;
-    long double term = angle, sum = angle;
-    for (int n = 3; n < 41; n += 2) {
-        term *= -angle * angle / (n * (n - 1));
-        sum += term;
-    }
-    return 2 * i > N ? -sum : sum;
-}
-
-template <int N>
-struct RootsOf {
-    double cosine[N]{}, sine[N]{};
-
-    constexpr RootsOf()
-    {
-        for (int i = 0; i < N; i++) {
-            cosine[i] = double(cosineOf(i, N));
-            sine[i] = double(sineOf(i, N));
-        }
-    }
-};
-template <int N>
-constexpr RootsOf<N> rootsOf{};
-
-template <class C>
-ARK_INLINE void butterfly(C (&)[1])
-{}
-template <class C>
-ARK_INLINE void butterfly2(C& a, C& b)
-{
-    const C difference = a - b;
-    a = a + b;
-    b = difference;
-}
-template <class C>
-ARK_INLINE void butterfly(C (&x)[2])
-{
-    butterfly2(x[0], x[1]);
-}
-template <class C>
-ARK_INLINE void butterfly(C (&x)[4])
-{
-    butterfly2(x[0], x[2]);
-    butterfly2(x[1], x[3]);
-    const C even = x[2], odd = timesMinusI(x[3]);
-    butterfly2(x[0], x[1]);
-    x[2] = x[1];
-    x[1] = even + odd;
-    x[3] = even - odd;
-}
-template <class C>
-ARK_INLINE void butterfly(C (&x)[8])
-{
-    C even[4] = {x[0], x[2], x[4], x[6]}, odd[4] = {x[1], x[3], x[5], x[7]};
-    butterfly(even);
-    butterfly(odd);
-    constexpr double half = 0.70710678118654752440;
-    odd[1] = half * (odd[1] + timesMinusI(odd[1]));
-    odd[2] = timesMinusI(odd[2]);
-    odd[3] = half * (timesMinusI(odd[3]) - odd[3]);
-    ARK_UNROLL
-    for (int k = 0; k < 4; k++) {
-        x[k] = even[k] + odd[k];
-        x[k + 4] = even[k] - odd[k];
-    }
+    butterfly(x, 0.70710678118654752440);
 }
 
 // Odd radices: the sums of opposite elements meet the cosines only, the differences the sines only.
@@ -200,14 +90,15 @@ ARK_INLINE void butterfly(C (&x)[radix])
     }
     ARK_UNROLL
     for (int m = 1; m <= half; m++) {
-        C even = first + rootsOf<radix>.cosine[m] * sums[1], odd = rootsOf<radix>.sine[m] * differences[1];
+        C even = first + constantRoots<double, radix>.re[m] * sums[1],
+          odd = constantRoots<double, radix>.im[m] * differences[1];
         ARK_UNROLL
         for (int k = 2; k <= half; k++) {
-            even = even + rootsOf<radix>.cosine[m * k % radix] * sums[k];
-            odd = odd + rootsOf<radix>.sine[m * k % radix] * differences[k];
+            even = even + constantRoots<double, radix>.re[m * k % radix] * sums[k];
+            odd = odd + constantRoots<double, radix>.im[m * k % radix] * differences[k];
         }
-        x[m] = even + timesMinusI(odd);
-        x[radix - m] = even - timesMinusI(odd);
+        x[m] = even - timesMinusI(odd);
+        x[radix - m] = even + timesMinusI(odd);
     }
 }
 
@@ -219,7 +110,7 @@ ARK_INLINE void butterflies(Source source, std::ptrdiff_t from, std::ptrdiff_t a
                             std::ptrdiff_t s, const double* factors)
 {
     for (std::ptrdiff_t q = 0; q < s; q++) {
-        Cplx x[radix];
+        Complex x[radix];
         ARK_UNROLL
         for (int k = 0; k < radix; k++)
             x[k] = source.get(from + q + k * apart);
@@ -228,7 +119,8 @@ ARK_INLINE void butterflies(Source source, std::ptrdiff_t from, std::ptrdiff_t a
         for (std::ptrdiff_t j = 0; j < radix; j++)
             if constexpr (hasFactors)
                 target.put(to + q + j * s,
-                           j == 0 ? x[j] : x[j] * Cplx{broadcast(factors[2 * j - 2]), broadcast(factors[2 * j - 1])});
+                           j == 0 ? x[j]
+                                  : x[j] * Complex{broadcast(factors[2 * j - 2]), broadcast(factors[2 * j - 1])});
             else
                 target.put(to + q + j * s, x[j]);
     }
@@ -328,13 +220,13 @@ std::size_t scratchSize(const DftPlan& plan) { return std::size_t(Scratch::of(pl
         ARK_UNROLL
         for (int l = 0; l < W; l++) {
             const std::ptrdiff_t row = smaller(begin + dftLane(l, W), rows - 1) * rowSize;
-            const Cplx x =
-                Cplx{load(from + row), load(from + row + W)} * Cplx{load(factors + row), load(factors + row + W)};
+            const Complex x =
+                Complex{load(from + row), load(from + row + W)} * Complex{load(factors + row), load(factors + row + W)};
             re[l] = x.re;
             im[l] = x.im;
         }
-        transpose(re);
-        transpose(im);
+        transposeReals(re);
+        transposeReals(im);
         ARK_UNROLL
         for (int l = 0; l < W; l++)
             Rows{middle}.put(dftLane(l, W), {re[l], im[l]});
@@ -389,32 +281,21 @@ void transform(const R* src, R* dst, const DftPlan& plan, const double* table, d
 
 // ---- short lengths: one complex number a register, straight-line ----
 
-struct Pair {
-    typedef double Type __attribute__((vector_size(16)));
-    Type v;
-};
-ARK_INLINE Pair operator+(Pair a, Pair b) { return {a.v + b.v}; }
-ARK_INLINE Pair operator-(Pair a, Pair b) { return {a.v - b.v}; }
-ARK_INLINE Pair operator*(double factor, Pair a) { return {factor * a.v}; }
-ARK_INLINE Pair swapped(Pair a) { return {__builtin_shufflevector(a.v, a.v, 1, 0)}; }
-ARK_INLINE Pair timesMinusI(Pair a)
-{
-    typedef unsigned long long Signs __attribute__((vector_size(16)));
-    return {(Pair::Type)((Signs)swapped(a).v ^ Signs{0, BitsOf<double>::sign})};
-}
+ARK_INLINE Pair<double> operator*(double factor, Pair<double> a) { return scaledBy(a, factor); }
 
 template <int N>
-ARK_INLINE Pair turned(Pair a, int k) // times e^(-2 pi i k / N)
+ARK_INLINE Pair<double> turned(Pair<double> a, int k) // times e^(-2 pi i k / N)
 {
-    return k == 0 ? a
-                  : rootsOf<N>.cosine[k] * a + Pair{swapped(a).v * Pair::Type{rootsOf<N>.sine[k], -rootsOf<N>.sine[k]}};
+    if (k == 0)
+        return a;
+    return times(a, constantRoots<double, N>.re[k], constantRoots<double, N>.im[k]);
 }
 
 // A transforms of B elements each after B of A.
 template <int A, int B>
-ARK_INLINE void composite(Pair (&x)[A * B])
+ARK_INLINE void composite(Pair<double> (&x)[A * B])
 {
-    Pair columns[B][A];
+    Pair<double> columns[B][A];
     ARK_UNROLL
     for (int b = 0; b < B; b++) {
         ARK_UNROLL
@@ -424,7 +305,7 @@ ARK_INLINE void composite(Pair (&x)[A * B])
     }
     ARK_UNROLL
     for (int a = 0; a < A; a++) {
-        Pair row[B];
+        Pair<double> row[B];
         ARK_UNROLL
         for (int b = 0; b < B; b++)
             row[b] = turned<A * B>(columns[b][a], a * b);
@@ -434,21 +315,21 @@ ARK_INLINE void composite(Pair (&x)[A * B])
             x[a + A * b] = row[b];
     }
 }
-ARK_INLINE void butterfly(Pair (&x)[6]) { composite<3, 2>(x); }
-ARK_INLINE void butterfly(Pair (&x)[9]) { composite<3, 3>(x); }
+ARK_INLINE void butterfly(Pair<double> (&x)[6]) { composite<3, 2>(x); }
+ARK_INLINE void butterfly(Pair<double> (&x)[9]) { composite<3, 3>(x); }
 
 template <int A, int B, class R>
 void transformShort(const R* src, R* dst, double sign, double reScale, double imScale)
 {
     constexpr std::ptrdiff_t N = std::ptrdiff_t{A} * B;
-    Pair x[N];
+    Pair<double> x[N];
     ARK_UNROLL
     for (std::ptrdiff_t n = 0; n < N; n++)
-        x[n] = {Pair::Type{double(src[2 * n]), double(src[2 * n + 1])} * Pair::Type{1, sign}};
+        x[n] = {Pair<double>::V{double(src[2 * n]), double(src[2 * n + 1])} * Pair<double>::V{1, sign}};
     composite<A, B>(x);
     ARK_UNROLL
     for (std::ptrdiff_t k = 0; k < N; k++) {
-        const Pair::Type scaled = x[k].v * Pair::Type{reScale, imScale};
+        const Pair<double>::V scaled = x[k].parts * Pair<double>::V{reScale, imScale};
         dst[2 * k] = R(scaled[0]);
         dst[2 * k + 1] = R(scaled[1]);
     }

@@ -6,9 +6,9 @@
 //
 // with w_N = e^(-2 pi i / N). The rows: the transforms Y_l run in all lanes at once, passes of radix 4 and 8 in place,
 // with twiddles that are the same for all lanes, which leave the rows in bit-reversed order. The lanes: for W rows k at
-// a time, the twiddles w_N^(l k), a transposition, and the transform over l, at once or, in wide registers, by a tile as
-// radix 2 and radix W / 2; its results are whole registers of neighbouring k. Between passes a row is W real parts and
-// then W imaginary parts. Short transforms do all that in one straight piece of code, the longest as matrices.
+// a time, the twiddles w_N^(l k), a transposition, and the transform over l, at once or, in wide registers, by a tile
+// as radix 2 and radix W / 2; its results are whole registers of neighbouring k. Between passes a row is W real parts
+// and then W imaginary parts. Short transforms do all that in one straight piece of code, the longest as matrices.
 //
 // The shortest, and doubles in registers of 128 bits, have W = 1: a row is one complex number in one register, a pair,
 // and there are no lanes to transform.
@@ -18,572 +18,12 @@
 // over l is the radix 2 over p1 or p, and the table of the lanes pass is in that order.
 #include "transform/fft_kernels.hpp"
 #include "frame/kernels.hpp"
-#include "frame/simd.hpp"
+#include "transform/fft_tables.hpp"
 
 namespace ark::ARK_SET {
 namespace {
 
-// ---- registers of W lanes, the native ones and narrower ones for short transforms ----
-
-template <class R, int W>
-struct RegisterOf {
-    typedef R Type __attribute__((vector_size(W * sizeof(R))));
-    typedef R InMemory __attribute__((vector_size(W * sizeof(R)), may_alias));
-};
-template <class R, int W>
-using Reg = typename RegisterOf<R, W>::Type;
-
-template <class R, int W>
-ARK_INLINE Reg<R, W> get(const R* from)
-{
-    Reg<R, W> v;
-    __builtin_memcpy(&v, from, sizeof v);
-    return v;
-}
-template <class V, class R>
-ARK_INLINE void put(R* to, V v)
-{
-    __builtin_memcpy(to, &v, sizeof v);
-}
-// In the tables and the scratch.
-template <class R, int W>
-ARK_INLINE Reg<R, W> getAligned(const R* from)
-{
-    return *reinterpret_cast<const typename RegisterOf<R, W>::InMemory*>(from);
-}
-template <class R, int W>
-ARK_INLINE void putAligned(R* to, Reg<R, W> v)
-{
-    *reinterpret_cast<typename RegisterOf<R, W>::InMemory*>(to) = v;
-}
-
-template <class V, int (*source)(int lane, int lanes), std::size_t... i>
-ARK_INLINE V shuffledIn(V a, V b, std::index_sequence<i...>)
-{
-    return __builtin_shufflevector(a, b, source(int(i), int(sizeof...(i)))...);
-}
-template <int (*source)(int lane, int lanes), class V>
-ARK_INLINE V shuffled(V a, V b)
-{
-    return shuffledIn<V, source>(a, b, std::make_index_sequence<lanesOf<V>>{});
-}
-
-// Places in blocks of 128 bits: P of them, 4 for floats and 2 for doubles.
-template <class V>
-inline constexpr int placesOf = int(16 / sizeof(V{}[0]));
-
-// Interleaving inside blocks, by single places and by pairs of places; lane counts on from a to b.
-template <int P, int unit>
-constexpr int unpackLow(int lane, int lanes)
-{
-    const int block = lane / P * P, place = lane % P / unit;
-    return block + place / 2 * unit + lane % unit + (place % 2 ? lanes : 0);
-}
-template <int P, int unit>
-constexpr int unpackHigh(int lane, int lanes)
-{
-    return unpackLow<P, unit>(lane, lanes) + P / 2;
-}
-// Even and odd places of a, then of b, inside blocks.
-template <int P>
-constexpr int evens(int lane, int lanes)
-{
-    const int block = lane / P * P, place = lane % P;
-    return block + place * 2 % P + (place * 2 >= P ? lanes : 0);
-}
-template <int P>
-constexpr int odds(int lane, int lanes)
-{
-    return evens<P>(lane, lanes) + 1;
-}
-// Halves and every second block of a, then of b.
-constexpr int lowHalves(int lane, int lanes) { return lane < lanes / 2 ? lane : lane + lanes / 2; }
-[[maybe_unused]] constexpr int highHalves(int lane, int lanes) { return lowHalves(lane, lanes) + lanes / 2; }
-template <int P>
-constexpr int evenBlocks(int lane, int)
-{
-    return lane / P * 2 * P + lane % P;
-}
-template <int P>
-constexpr int oddBlocks(int lane, int lanes)
-{
-    return evenBlocks<P>(lane, lanes) + P;
-}
-
-// The order of lanes (see the top of the file): the element that a lane holds, and the lane that holds an element.
-template <int P>
-constexpr int elementOf(int lane, int lanes)
-{
-    const int block = lane / P, place = lane % P;
-    return P == 4 ? lanes / 2 * (place / 2) + 2 * block + place % 2 : lanes / 2 * place + block;
-}
-template <int P>
-constexpr int laneOf(int element, int lanes)
-{
-    const int upper = element / (lanes / 2), rest = element % (lanes / 2);
-    return P == 4 ? rest / 2 * 4 + upper * 2 + rest % 2 : rest * 2 + upper;
-}
-
-// Complex numbers, their real and imaginary parts in two registers, ...
-template <class V>
-struct Cplx {
-    V re, im;
-};
-template <class V>
-ARK_INLINE Cplx<V> operator+(Cplx<V> a, Cplx<V> b)
-{
-    return {a.re + b.re, a.im + b.im};
-}
-template <class V>
-ARK_INLINE Cplx<V> operator-(Cplx<V> a, Cplx<V> b)
-{
-    return {a.re - b.re, a.im - b.im};
-}
-template <class V>
-ARK_INLINE Cplx<V> operator-(Cplx<V> a)
-{
-    return {-a.re, -a.im};
-}
-template <class V>
-ARK_INLINE Cplx<V> operator*(Cplx<V> a, Cplx<V> b)
-{
-    return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re};
-}
-template <class V, class R>
-ARK_INLINE Cplx<V> scaledBy(Cplx<V> a, R scale)
-{
-    return {a.re * scale, a.im * scale};
-}
-template <class V>
-ARK_INLINE Cplx<V> timesMinusI(Cplx<V> a)
-{
-    return {a.im, -a.re};
-}
-// times e^(-i pi / 4) and e^(-3 i pi / 4); eighth is the square root of one half
-template <class V, class R>
-ARK_INLINE Cplx<V> timesEighth(Cplx<V> a, R eighth)
-{
-    const V h = eighth - V{};
-    return {(a.re + a.im) * h, (a.im - a.re) * h};
-}
-template <class V, class R>
-ARK_INLINE Cplx<V> timesThreeEighths(Cplx<V> a, R eighth)
-{
-    const V h = eighth - V{};
-    return {(a.im - a.re) * h, -(a.re + a.im) * h};
-}
-
-// ... or one of them at the beginning of a register of 128 bits. Parts apart would have to be brought together again:
-// of two doubles to no purpose, and the shortest transforms take less time than that.
-template <class R>
-struct Pair {
-    using V = Reg<R, 16 / sizeof(R)>;
-    V parts;
-};
-constexpr int neighbourOf(int lane, int) { return lane ^ 1; }
-template <class R>
-ARK_INLINE Pair<R> exchanged(Pair<R> a)
-{
-    return {shuffled<neighbourOf>(a.parts, a.parts)};
-}
-template <class R>
-ARK_INLINE Pair<R> operator+(Pair<R> a, Pair<R> b)
-{
-    return {a.parts + b.parts};
-}
-template <class R>
-ARK_INLINE Pair<R> operator-(Pair<R> a, Pair<R> b)
-{
-    return {a.parts - b.parts};
-}
-template <class R>
-ARK_INLINE Pair<R> operator-(Pair<R> a)
-{
-    return {-a.parts};
-}
-template <class R>
-ARK_INLINE Pair<R> scaledBy(Pair<R> a, R scale)
-{
-    return {a.parts * scale};
-}
-template <class R>
-ARK_INLINE Pair<R> timesMinusI(Pair<R> a)
-{
-    using V = typename Pair<R>::V;
-    return {V(__m128i(exchanged(a).parts) ^ __m128i(V{R(0), R(-0.0)}))};
-}
-template <class R>
-ARK_INLINE Pair<R> timesEighth(Pair<R> a, R eighth)
-{
-    return scaledBy(a + timesMinusI(a), eighth);
-}
-template <class R>
-ARK_INLINE Pair<R> timesThreeEighths(Pair<R> a, R eighth)
-{
-    return scaledBy(timesMinusI(a) - a, eighth);
-}
-
-// What a pair is multiplied by: {re, re} and {-im, im}.
-template <class R>
-struct PairFactor {
-    typename Pair<R>::V re, im;
-};
-template <class R>
-ARK_INLINE Pair<R> operator*(Pair<R> a, PairFactor<R> b)
-{
-    return {a.parts * b.re + exchanged(a).parts * b.im};
-}
-
-// W complex numbers, and their product with one.
-template <class R, int W>
-using Row = std::conditional_t<W == 1, Pair<R>, Cplx<Reg<R, W>>>;
-template <class V, class R>
-ARK_INLINE Cplx<V> times(Cplx<V> x, R re, R im)
-{
-    return x * Cplx<V>{re - V{}, im - V{}};
-}
-template <class R>
-ARK_INLINE Pair<R> times(Pair<R> x, R re, R im)
-{
-    return x * PairFactor<R>{{re, re}, {-im, im}};
-}
-
-// sqrt(1/2), both parts of the root of unity at an eighth of the circle. The float transforms up to order 11 have
-// always used a float that is 4 ulps above it, and their results depend on it; they keep it.
-constexpr int longestOfEighth = 11;
-template <class R>
-constexpr R eighthOf(int order)
-{
-    return sizeof(R) == 4 && order <= longestOfEighth ? R(0x1.6A09EEp-1) : R(0.70710678118654752440);
-}
-
-// ---- butterflies: forward transforms of 2, 4, 8 complex numbers, in natural order; eighth as above ----
-
-template <class C, class R>
-ARK_INLINE void butterfly(C (&x)[1], R)
-{
-    static_cast<void>(x);
-}
-template <class C, class R>
-ARK_INLINE void butterfly(C (&x)[2], R)
-{
-    const C a = x[0] + x[1];
-    x[1] = x[0] - x[1];
-    x[0] = a;
-}
-template <class C, class R>
-ARK_INLINE void butterfly(C (&x)[4], R)
-{
-    const C s02 = x[0] + x[2], d02 = x[0] - x[2], s13 = x[1] + x[3], d13 = timesMinusI(x[1] - x[3]);
-    x[0] = s02 + s13;
-    x[2] = s02 - s13;
-    x[1] = d02 + d13;
-    x[3] = d02 - d13;
-}
-template <class C, class R>
-ARK_INLINE void butterfly(C (&x)[8], R eighth)
-{
-    C even[4] = {x[0] + x[4], x[1] + x[5], x[2] + x[6], x[3] + x[7]};
-    const C d0 = x[0] - x[4], d1 = x[1] - x[5], d2 = x[2] - x[6], d3 = x[3] - x[7];
-    butterfly(even, eighth);
-    // The odd results: the differences times w_8^n.
-    C odd[4] = {d0, timesEighth(d1, eighth), timesMinusI(d2), timesThreeEighths(d3, eighth)};
-    butterfly(odd, eighth);
-    ARK_UNROLL
-    for (int i = 0; i < 4; i++) {
-        x[2 * i] = even[i];
-        x[2 * i + 1] = odd[i];
-    }
-}
-
-// The roots of unity e^(-2 pi i a / N), when compiled.
-template <class R, int N>
-struct ConstantRoots {
-    R re[N], im[N];
-};
-constexpr long double cosineOf(long double angle)
-{
-    long double term = 1, sum = 1;
-    for (int n = 2; n < 40; n += 2) {
-        term *= -angle * angle / (n * (n - 1));
-        sum += term;
-    }
-    return sum;
-}
-template <class R, int N>
-constexpr ConstantRoots<R, N> constantRoots = [] {
-    constexpr long double pi = 3.14159265358979323846264338327950288L;
-    ConstantRoots<R, N> roots{};
-    for (int a = 0; a < N; a++) {
-        const long double angle = 2 * pi * a / N;
-        roots.re[a] = R(cosineOf(angle > pi ? 2 * pi - angle : angle));
-        roots.im[a] = R(-cosineOf(angle > pi / 2 ? angle - pi / 2 : pi / 2 - angle));
-    }
-    return roots;
-}();
-
-// x e^(-2 pi i a / N), a < 3/4 N
-template <int N, class C, class R>
-ARK_INLINE C timesRoot(C x, int a, R eighth)
-{
-    constexpr auto& roots = constantRoots<R, N>;
-    if (a % (N / 8) != 0)
-        return times(x, roots.re[a], roots.im[a]);
-    if (a == N / 8)
-        return timesEighth(x, eighth);
-    if (a == 2 * N / 8)
-        return timesMinusI(x);
-    if (a == 3 * N / 8)
-        return timesThreeEighths(x, eighth);
-    if (a == 4 * N / 8)
-        return -x;
-    if (a == 5 * N / 8)
-        return -timesEighth(x, eighth);
-    return x;
-}
-
-// Longer ones as N1 by 4, n = 4 n1 + n2 and k = k1 + N1 k2.
-template <class C, class R, int N>
-ARK_INLINE void butterfly(C (&x)[N], R eighth)
-{
-    constexpr int N1 = N / 4;
-    C y[4][N1];
-    ARK_UNROLL
-    for (int n2 = 0; n2 < 4; n2++) {
-        ARK_UNROLL
-        for (int n1 = 0; n1 < N1; n1++)
-            y[n2][n1] = x[4 * n1 + n2];
-        butterfly(y[n2], eighth);
-    }
-    ARK_UNROLL
-    for (int k1 = 0; k1 < N1; k1++) {
-        C z[4];
-        ARK_UNROLL
-        for (int n2 = 0; n2 < 4; n2++)
-            z[n2] = timesRoot<N>(y[n2][k1], n2 * k1, eighth);
-        butterfly(z, eighth);
-        ARK_UNROLL
-        for (int k2 = 0; k2 < 4; k2++)
-            x[k1 + N1 * k2] = z[k2];
-    }
-}
-
-// ---- memory ----
-
-// How the caller's vectors are read and written. For the inverse transform real and imaginary parts exchange roles on
-// the way in and on the way out; with separate parts that is an exchange of pointers.
-enum Form { forwardPairs, inversePairs, separateParts };
-
-ARK_INLINE Pair<double> getPair(const double* from) { return {get<double, 2>(from)}; }
-ARK_INLINE Pair<float> getPair(const float* from)
-{
-    return {Reg<float, 4>(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(from)))};
-}
-ARK_INLINE void putPair(double* to, Pair<double> x) { put(to, x.parts); }
-ARK_INLINE void putPair(float* to, Pair<float> x)
-{
-    _mm_storel_epi64(reinterpret_cast<__m128i*>(to), __m128i(x.parts));
-}
-
-// W elements of the caller's vector, in the order of lanes.
-template <class R, int W, Form form>
-struct Outside {
-    using V = Reg<R, W>;
-    static constexpr int P = placesOf<V>;
-    static constexpr std::ptrdiff_t perElement = form == separateParts ? 1 : 2;
-
-    static ARK_INLINE Cplx<V> load(FftVector<const R> from, std::ptrdiff_t element)
-    {
-        if constexpr (form == separateParts) {
-            const V re = get<R, W>(from.re + element), im = get<R, W>(from.im + element);
-            return {shuffled<elementOf<P>>(re, re), shuffled<elementOf<P>>(im, im)};
-        } else {
-            const V x = get<R, W>(from.re + 2 * element), y = get<R, W>(from.re + 2 * element + W);
-            const V even = shuffled<evens<P>>(x, y), odd = shuffled<odds<P>>(x, y);
-            return form == forwardPairs ? Cplx<V>{even, odd} : Cplx<V>{odd, even};
-        }
-    }
-
-    static ARK_INLINE void store(FftVector<R> to, std::ptrdiff_t element, Cplx<V> x)
-    {
-        if constexpr (form == separateParts) {
-            put(to.re + element, shuffled<laneOf<P>>(x.re, x.re));
-            put(to.im + element, shuffled<laneOf<P>>(x.im, x.im));
-        } else {
-            const V even = form == forwardPairs ? x.re : x.im, odd = form == forwardPairs ? x.im : x.re;
-            put(to.re + 2 * element, shuffled<unpackLow<P, 1>>(even, odd));
-            put(to.re + 2 * element + W, shuffled<unpackHigh<P, 1>>(even, odd));
-        }
-    }
-};
-
-template <class R, Form form>
-struct Outside<R, 1, form> {
-    static ARK_INLINE Pair<R> load(FftVector<const R> from, std::ptrdiff_t element)
-    {
-        if constexpr (form == separateParts)
-            return {typename Pair<R>::V{from.re[element], from.im[element]}};
-        else if constexpr (form == forwardPairs)
-            return getPair(from.re + 2 * element);
-        else
-            return exchanged(getPair(from.re + 2 * element));
-    }
-    static ARK_INLINE void store(FftVector<R> to, std::ptrdiff_t element, Pair<R> x)
-    {
-        if constexpr (form == separateParts) {
-            to.re[element] = x.parts[0];
-            to.im[element] = x.parts[1];
-        } else {
-            putPair(to.re + 2 * element, form == forwardPairs ? x : exchanged(x));
-        }
-    }
-};
-
-// The rows that a pass reads or writes: of the caller's vector, row n beginning at element first + n step, ...
-template <class R, int W, Form form>
-struct OuterSource {
-    FftVector<const R> vector;
-    std::ptrdiff_t first, step;
-    ARK_INLINE Row<R, W> operator()(std::ptrdiff_t n) const
-    {
-        return Outside<R, W, form>::load(vector, first + n * step);
-    }
-    ARK_INLINE OuterSource beside(std::ptrdiff_t i) const { return {vector, first + i * W, step}; }
-};
-template <class R, int W, Form form, bool scaled>
-struct OuterTarget {
-    FftVector<R> vector;
-    std::ptrdiff_t first, step;
-    R scale;
-    ARK_INLINE void operator()(std::ptrdiff_t n, Row<R, W> x) const
-    {
-        if constexpr (scaled)
-            x = scaledBy(x, scale);
-        Outside<R, W, form>::store(vector, first + n * step, x);
-    }
-    ARK_INLINE OuterTarget beside(std::ptrdiff_t i) const { return {vector, first + i * W, step, scale}; }
-};
-
-// A row in the tables or the scratch: W real parts and then W imaginary parts.
-template <class R, int W>
-ARK_INLINE Row<R, W> getRow(const R* from)
-{
-    if constexpr (W == 1)
-        return {getAligned<R, 2>(from)};
-    else
-        return {getAligned<R, W>(from), getAligned<R, W>(from + W)};
-}
-template <class R, int W>
-ARK_INLINE void putRow(R* to, Row<R, W> x)
-{
-    if constexpr (W == 1) {
-        putAligned<R, 2>(to, x.parts);
-    } else {
-        putAligned<R, W>(to, x.re);
-        putAligned<R, W>(to + W, x.im);
-    }
-}
-
-// ... or between passes.
-template <class R, int W>
-struct InnerSource {
-    const R* rows;
-    std::ptrdiff_t distance = 0; // to the rows beside
-    ARK_INLINE Row<R, W> operator()(std::ptrdiff_t n) const { return getRow<R, W>(rows + n * 2 * W); }
-    ARK_INLINE InnerSource beside(std::ptrdiff_t i) const { return {rows + i * distance, distance}; }
-};
-template <class R, int W>
-struct InnerTarget {
-    R* rows;
-    std::ptrdiff_t distance = 0;
-    ARK_INLINE void operator()(std::ptrdiff_t n, Row<R, W> x) const { putRow<R, W>(rows + n * 2 * W, x); }
-    ARK_INLINE InnerTarget beside(std::ptrdiff_t i) const { return {rows + i * distance, distance}; }
-};
-
 // ---- the rows' transforms ----
-
-constexpr int log2Of(int n) { return n <= 1 ? 0 : 1 + log2Of(n / 2); }
-
-constexpr int reversed(int i, int count)
-{
-    int result = 0;
-    for (; count > 1; count /= 2, i /= 2)
-        result = 2 * result + i % 2;
-    return result;
-}
-
-// Counts in bit-reversed order: the place of the next index among count.
-ARK_INLINE std::ptrdiff_t nextReversed(std::ptrdiff_t place, std::ptrdiff_t count)
-{
-    std::ptrdiff_t bit = count / 2;
-    for (; bit & place; bit /= 2)
-        place ^= bit;
-    return place | bit;
-}
-
-// The radices of the transform of 2^m rows, m >= 2, and the number of factors: of every pass but the last.
-struct Plan {
-    int m, passes;
-    int log2Radix[12];
-    std::ptrdiff_t factors;
-
-    static Plan of(int m, int W)
-    {
-        Plan plan{m, 0, {}, 0};
-        std::ptrdiff_t rows = std::ptrdiff_t{1} << m;
-        for (int left = m; left > 0;) {
-            // 8 where registers hold such a butterfly and more, otherwise 4
-            const bool by8 = ARK_AVX512 || W == 1 ? left % 3 == 0 : left == 3;
-            const int log2Radix = by8 ? 3 : 2;
-            plan.log2Radix[plan.passes++] = log2Radix;
-            left -= log2Radix;
-            rows >>= log2Radix;
-            if (left > 0)
-                plan.factors += rows * ((1 << log2Radix) - 1);
-        }
-        return plan;
-    }
-};
-
-// The factors of all passes but the last: both parts, in SSE2 as often as a register has lanes, since nothing loads
-// copies of a number there; of pairs as PairFactor has them.
-template <class R>
-constexpr int copiesOfParts(int W)
-{
-    return W == 1 ? 2 : ARK_AVX2 || ARK_AVX512 ? 1 : W;
-}
-template <class R, int W>
-constexpr std::ptrdiff_t sizeOfFactors(std::ptrdiff_t count)
-{
-    return count * 2 * copiesOfParts<R>(W);
-}
-template <class R, int W>
-ARK_INLINE auto getFactor(const R* w)
-{
-    if constexpr (W == 1)
-        return PairFactor<R>{getAligned<R, 2>(w), getAligned<R, 2>(w + 2)};
-    else if constexpr (copiesOfParts<R>(W) == W)
-        return getRow<R, W>(w);
-    else
-        return Cplx<Reg<R, W>>{w[0] - Reg<R, W>{}, w[1] - Reg<R, W>{}};
-}
-template <class R>
-R* putFactor(R* w, int W, R re, R im)
-{
-    const int copies = copiesOfParts<R>(W);
-    for (int i = 0; i < copies; i++) {
-        w[i] = re;
-        w[copies + i] = W == 1 && i == 0 ? -im : im;
-    }
-    return w + 2 * copies;
-}
-
-// The factors of all passes but the last, and the root of the butterflies.
-template <class R>
-struct RowsTable {
-    const R* factors;
-    R eighth;
-};
 
 // A pass of radix r over transforms of length n, s of them one after another, in place: butterflies of the rows p + t
 // n/r for every p = 0 ... n/r - 1, whose result j is multiplied by w_n^(j p). The table has r - 1 factors for every p.
@@ -725,105 +165,6 @@ template <class R, int W, std::ptrdiff_t columns = 1, class Target>
 }
 
 // ---- the lanes' transform ----
-
-// P registers of places by rows, transposed inside their blocks: register p then has place p of all P rows.
-template <class V>
-ARK_INLINE void transposeInBlocks(V (&x)[4])
-{
-    const V a = shuffled<unpackLow<4, 1>>(x[0], x[1]), b = shuffled<unpackHigh<4, 1>>(x[0], x[1]);
-    const V c = shuffled<unpackLow<4, 1>>(x[2], x[3]), d = shuffled<unpackHigh<4, 1>>(x[2], x[3]);
-    x[0] = shuffled<unpackLow<4, 2>>(a, c);
-    x[1] = shuffled<unpackHigh<4, 2>>(a, c);
-    x[2] = shuffled<unpackLow<4, 2>>(b, d);
-    x[3] = shuffled<unpackHigh<4, 2>>(b, d);
-}
-template <class V>
-ARK_INLINE void transposeInBlocks(V (&x)[2])
-{
-    const V a = shuffled<unpackLow<2, 1>>(x[0], x[1]);
-    x[1] = shuffled<unpackHigh<2, 1>>(x[0], x[1]);
-    x[0] = a;
-}
-
-// B registers of B blocks each, transposed by blocks.
-template <int P, class V>
-ARK_INLINE void transposeBlocks(V (&x)[1])
-{
-    static_cast<void>(x);
-}
-template <int P, class V>
-ARK_INLINE void transposeBlocks(V (&x)[2])
-{
-    const V a = shuffled<lowHalves>(x[0], x[1]);
-    x[1] = shuffled<highHalves>(x[0], x[1]);
-    x[0] = a;
-}
-template <int P, class V>
-ARK_INLINE void transposeBlocks(V (&x)[4])
-{
-    const V a = shuffled<lowHalves>(x[0], x[1]), b = shuffled<highHalves>(x[0], x[1]);
-    const V c = shuffled<lowHalves>(x[2], x[3]), d = shuffled<highHalves>(x[2], x[3]);
-    x[0] = shuffled<evenBlocks<P>>(a, c);
-    x[1] = shuffled<oddBlocks<P>>(a, c);
-    x[2] = shuffled<evenBlocks<P>>(b, d);
-    x[3] = shuffled<oddBlocks<P>>(b, d);
-}
-
-// W rows transposed: register i then has lane i of all of them.
-template <class V>
-ARK_INLINE void transposeReals(V* x)
-{
-    constexpr int P = placesOf<V>, B = lanesOf<V> / P;
-    V inBlocks[B][P];
-    ARK_UNROLL
-    for (int group = 0; group < B; group++) {
-        ARK_UNROLL
-        for (int r = 0; r < P; r++)
-            inBlocks[group][r] = x[group * P + r];
-        transposeInBlocks(inBlocks[group]);
-    }
-    ARK_UNROLL
-    for (int p = 0; p < P; p++) {
-        V blocks[B];
-        ARK_UNROLL
-        for (int group = 0; group < B; group++)
-            blocks[group] = inBlocks[group][p];
-        transposeBlocks<P>(blocks);
-        ARK_UNROLL
-        for (int b = 0; b < B; b++)
-            x[b * P + p] = blocks[b];
-    }
-}
-
-template <class V, int W>
-ARK_INLINE void transpose(Cplx<V> (&x)[W])
-{
-    V re[W], im[W];
-    ARK_UNROLL
-    for (int i = 0; i < W; i++) {
-        re[i] = x[i].re;
-        im[i] = x[i].im;
-    }
-    transposeReals(re);
-    transposeReals(im);
-    ARK_UNROLL
-    for (int i = 0; i < W; i++)
-        x[i] = {re[i], im[i]};
-}
-template <class R>
-ARK_INLINE void transpose(Pair<R> (&)[1])
-{}
-
-// The constants of a register's own transform, in the table: the factors of the radix-2 step of fillTile, then those
-// between the upper and the lower stages of transformLanes, which only registers of 8 and 16 lanes need.
-template <class R, int W>
-struct LaneConstants {
-    static constexpr int halfFactors = int(8 / sizeof(R)), size = (halfFactors + 1) * 2 * W;
-    const R* table;
-    R eighth;
-    ARK_INLINE Cplx<Reg<R, W>> half(int p) const { return getRow<R, W>(table + p * 2 * W); }
-    ARK_INLINE Cplx<Reg<R, W>> stages() const { return half(halfFactors); }
-};
 
 // W rows k on their way to natural order, between the two halves of lanesToNatural: [q1][p0][group], W real and W
 // imaginary parts. Registers would not hold them.
@@ -1002,31 +343,6 @@ ARK_INLINE void transformLanes(Cplx<Reg<R, W>> (&x)[count], LaneConstants<R, W> 
             for (int i = 0; i < 4; i++)
                 x[first + i] = four[i];
         }
-    } else if constexpr (W == placesOf<Reg<R, W>>) {
-        // As many registers as a register has lanes: transposed, they are a butterfly. Lanes are in their own order
-        // here.
-        Reg<R, W> re[W], im[W];
-        const auto turn = [&](bool isReversed) ARK_INLINED {
-            ARK_UNROLL
-            for (int i = 0; i < W; i++) {
-                re[i] = x[isReversed ? reversed(i, W) : i].re;
-                im[i] = x[isReversed ? reversed(i, W) : i].im;
-            }
-            transposeInBlocks(re);
-            transposeInBlocks(im);
-        };
-        const auto putBack = [&](bool isReversed) ARK_INLINED {
-            ARK_UNROLL
-            for (int i = 0; i < W; i++)
-                x[isReversed ? reversed(i, W) : i] = {re[i], im[i]};
-        };
-        turn(false);
-        putBack(!toReversed);
-        butterfly(x, constants.eighth);
-        turn(toReversed);
-        putBack(false);
-    } else if constexpr (W == 4) {
-        twoLaneStages<R, W, toReversed, 2>(x);
     } else {
         const auto lower = [&] {
             if constexpr (W == 8)
@@ -1049,259 +365,72 @@ ARK_INLINE void transformLanes(Cplx<Reg<R, W>> (&x)[count], LaneConstants<R, W> 
     }
 }
 
-// ---- tables ----
-
-template <class Fine>
-struct Root {
-    Fine re, im;
-};
-
-// e^(-2 pi i a / 2^order) by an angle of at most an eighth of the circle.
-template <class Fine>
-Root<Fine> rootOf(std::size_t a, int order)
+// The same, to a target's rows row(0) ... or from a source's. Where registers hold W rows, transposed they are a
+// butterfly, and the way to memory or from there transposes them again.
+template <class R, int W, int count, class Target, class RowNumber>
+ARK_INLINE void lanesToReversed(Row<R, W> (&x)[count], Target target, RowNumber row, LaneConstants<R, W> constants)
 {
-    constexpr long double pi = 3.14159265358979323846264338327950288L;
-    const std::size_t N = std::size_t(1) << order;
-    const std::size_t octants = a * 8;
-    const int octant = int(octants >> order);
-    // The distance to the nearer of the axes, in units of 1/N.
-    const std::size_t quarter = N / 4;
-    Root<Fine> r;
-    const auto angle = [&](std::size_t steps) { return Fine(2) * Fine(pi) * Fine(steps) / Fine(N); };
-    const auto sine = [](Fine x) {
-        return sizeof(Fine) == 8 ? Fine(__builtin_sin(double(x))) : Fine(__builtin_sinl(x));
-    };
-    const auto cosine = [](Fine x) {
-        return sizeof(Fine) == 8 ? Fine(__builtin_cos(double(x))) : Fine(__builtin_cosl(x));
-    };
-    switch (octant) {
-    case 0: r = {cosine(angle(a)), -sine(angle(a))}; break;
-    case 1: r = {sine(angle(quarter - a)), -cosine(angle(quarter - a))}; break;
-    case 2: r = {-sine(angle(a - quarter)), -cosine(angle(a - quarter))}; break;
-    case 3: r = {-cosine(angle(2 * quarter - a)), -sine(angle(2 * quarter - a))}; break;
-    case 4: r = {-cosine(angle(a - 2 * quarter)), sine(angle(a - 2 * quarter))}; break;
-    case 5: r = {-sine(angle(3 * quarter - a)), cosine(angle(3 * quarter - a))}; break;
-    case 6: r = {sine(angle(a - 3 * quarter)), cosine(angle(a - 3 * quarter))}; break;
-    default: r = {cosine(angle(N - a)), sine(angle(N - a))}; break;
-    }
-    return r;
-}
-
-// What a product is formed in that is to be rounded to R once.
-template <class R>
-struct WiderThan;
-template <>
-struct WiderThan<float> {
-    using Type = double;
-};
-template <>
-struct WiderThan<double> {
-    using Type = long double;
-};
-
-// All roots of one order, each as the product of two that were computed on their own; those at odd eighths of the
-// circle have the parts that the transform wants there.
-template <class R>
-class Roots {
-public:
-    Roots(int order, R eighth)
-        : fineBits_{(order + 1) / 2},
-          eighthAt_{order < 3 ? std::size_t(1) << order : std::size_t(1) << (order - 3)},
-          eighth_{eighth}
-    {
-        for (std::size_t i = 0; i < std::size_t(1) << fineBits_; i++)
-            fine_[i] = rootOf<Fine>(i, order);
-        for (std::size_t i = 0; i < std::size_t(1) << (order - fineBits_); i++)
-            coarse_[i] = rootOf<Fine>(i << fineBits_, order);
-    }
-    ARK_INLINE void get(std::size_t a, R& re, R& im) const
-    {
-        const Root<Fine> c = coarse_[a >> fineBits_], f = fine_[a & ((std::size_t(1) << fineBits_) - 1)];
-        re = R(c.re * f.re - c.im * f.im);
-        im = R(c.re * f.im + c.im * f.re);
-        if (a % (2 * eighthAt_) == eighthAt_) {
-            re = re < 0 ? -eighth_ : eighth_;
-            im = im < 0 ? -eighth_ : eighth_;
-        }
-    }
-
-private:
-    using Fine = typename WiderThan<R>::Type;
-
-    int fineBits_;
-    std::size_t eighthAt_; // or beyond all, where there is none
-    R eighth_;
-    Root<Fine> fine_[1024], coarse_[1024];
-};
-
-template <class R>
-void fillRowsTable(const Plan& plan, int W, R* table, R eighth)
-{
-    const Roots<R> roots(plan.m, eighth);
-    for (int i = 0, left = plan.m; i + 1 < plan.passes; i++) {
-        const int step = plan.m - left;
-        left -= plan.log2Radix[i];
-        for (std::size_t p = 0; p < std::size_t{1} << left; p++)
-            for (std::size_t j = 1; j < std::size_t{1} << plan.log2Radix[i]; j++) {
-                R re, im;
-                roots.get((p * j) << step, re, im);
-                table = putFactor(table, W, re, im);
+    if constexpr (W > 1 && fitsRegisters<W>) {
+        constexpr int P = int(16 / sizeof(R));
+        ARK_UNROLL
+        for (int first = 0; first < count; first += W) {
+            Row<R, W> turned[W], y[W];
+            std::ptrdiff_t rows[W];
+            ARK_UNROLL
+            for (int i = 0; i < W; i++) {
+                turned[i] = x[first + i];
+                rows[i] = row(first + i);
             }
-    }
-}
-
-// The widest register of which an order has 4 rows; otherwise pairs.
-template <class R>
-constexpr int widthFor(int order)
-{
-    for (int width = lanes<R>; width >= 4; width /= 2)
-        if (order >= log2Of(width) + 2)
-            return width;
-    return 1;
-}
-
-// From this order on the vector is a matrix: columns, whose rows are far apart, are transformed W at a time, and then
-// its rows, or the opposite. What is transformed at a time stays in the cache, and the tables are short.
-constexpr int matrixFrom = 20;
-
-// The registers of columns that are read and written together: as many as two cache lines hold.
-template <class R, int W>
-constexpr std::ptrdiff_t columnsAtATime = std::ptrdiff_t(64 / (W * sizeof(R)));
-
-// What stands at the beginning of the table of one order, and where the rest of it stands, in reals from there.
-template <class R>
-struct Head {
-    int order, W;
-    R eighth;
-    Plan plan, restPlan; // of the rows, or of the columns and the rest of a matrix: N = 2^(plan.m + restPlan.m)
-    std::ptrdiff_t rows, lanes, constants;                // rows' tables, w_N^(k l), LaneConstants
-    std::ptrdiff_t restRows, powers, fine, coarse, inner; // of matrices: see MatrixFactors; the table of the rest
-    std::ptrdiff_t size;
-
-    RowsTable<R> rowsTable(const R* table) const { return {table + rows, eighth}; }
-    RowsTable<R> restRowsTable(const R* table) const { return {table + restRows, eighth}; }
-
-    static Head of(int order, R eighth)
-    {
-        Head head{};
-        head.order = order;
-        head.eighth = eighth;
-        head.W = widthFor<R>(order);
-        std::ptrdiff_t end = std::ptrdiff_t(sizeof(Head) / sizeof(R));
-        const auto add = [&](std::ptrdiff_t count) {
-            const std::ptrdiff_t begin = (end + 15) / 16 * 16;
-            end = begin + count;
-            return begin;
-        };
-        const std::ptrdiff_t W = head.W, factor = 2 * copiesOfParts<R>(head.W);
-        if (order < matrixFrom) {
-            head.plan = Plan::of(order - log2Of(head.W), head.W);
-            head.rows = add(head.plan.factors * factor);
-            if (W > 1) {
-                head.lanes = add(std::ptrdiff_t{2} << order);
-                head.constants = add((std::ptrdiff_t(8 / sizeof(R)) + 1) * 2 * W);
-            }
-        } else {
-            head.plan = Plan::of(order - order / 2, head.W);
-            head.restPlan = Plan::of(order / 2, head.W);
-            head.rows = add(head.plan.factors * factor);
-            head.restRows = add(head.restPlan.factors * factor);
-            head.powers = add(2 * W << head.plan.m);
-            head.fine = add(std::ptrdiff_t{2} << head.restPlan.m);
-            head.coarse = add(std::ptrdiff_t{2} << head.plan.m);
-            head.inner = add(of(head.restPlan.m, eighth).size);
+            transpose(turned);
+            ARK_UNROLL
+            for (int i = 0; i < W; i++)
+                y[elementOf<P>(i, W)] = turned[i];
+            butterfly(y, constants.eighth);
+            ARK_UNROLL
+            for (int q = 0; q < W; q++)
+                turned[q] = y[reversed(q, W)];
+            target.putTurned(rows, turned);
         }
-        head.size = add(0);
-        return head;
-    }
-};
-
-// Everything but the head's own place.
-template <class R>
-void fillShortTable(const Head<R>& head, R* table)
-{
-    const int W = head.W, P = int(16 / sizeof(R));
-    const auto element = [&](int lane) { return std::size_t(P == 4 ? elementOf<4>(lane, W) : elementOf<2>(lane, W)); };
-    fillRowsTable(head.plan, head.W, table + head.rows, head.eighth);
-    if (W == 1)
-        return;
-    const Roots<R> roots(head.order, head.eighth);
-    R* at = table + head.lanes;
-    for (std::size_t k = 0; k < std::size_t{1} << head.plan.m; k++, at += 2 * W)
-        for (int lane = 0; lane < W; lane++)
-            roots.get(k * element(lane), at[lane], at[W + lane]);
-    // LaneConstants: powers of w_W, in the steps of this order's roots.
-    at = table + head.constants;
-    const std::size_t unit = std::size_t{1} << head.plan.m;
-    for (int p = 0; p < P / 2; p++, at += 2 * W)
-        for (int lane = 0; lane < W; lane++)
-            roots.get(unit * std::size_t(lane / P * (P / 2) + p), at[lane], at[W + lane]);
-    for (int lane = 0; lane < W; lane++) {
-        // w_W^(u1 e0) w_(W/2)^(u2 e0), u1 and u2 the upper bits of the element and e0 the others
-        const std::size_t e = element(lane), quarter = std::size_t(W) / 4, e0 = quarter > 1 ? e % quarter : 0;
-        roots.get(e0 == 0 ? 0 : unit * e0 * (e / (2 * quarter) + e / quarter % 2 * 2), at[lane], at[W + lane]);
+    } else {
+        if constexpr (W > 1)
+            transformLanes<R, W, true>(x, constants);
+        ARK_UNROLL
+        for (int i = 0; i < count; i++)
+            target(row(i), x[i]);
     }
 }
-
-template <class R>
-void fillMatrixTable(const Head<R>& head, R* table)
+template <class R, int W, int count, class Source, class RowNumber>
+ARK_INLINE void lanesFromReversed(Source source, RowNumber row, Row<R, W> (&x)[count], LaneConstants<R, W> constants)
 {
-    using Fine = typename WiderThan<R>::Type;
-    fillRowsTable(head.plan, head.W, table + head.rows, head.eighth);
-    fillRowsTable(head.restPlan, head.W, table + head.restRows, head.eighth);
-    R *powers = table + head.powers, *fine = table + head.fine, *coarse = table + head.coarse;
-    for (std::size_t a = 0; a < std::size_t{1} << head.restPlan.m; a++) {
-        const Root<Fine> root = rootOf<Fine>(a, head.order);
-        fine[2 * a] = R(root.re);
-        fine[2 * a + 1] = R(root.im);
-    }
-    for (std::size_t k = 0; k < std::size_t{1} << head.plan.m; k++) {
-        const Root<Fine> step = rootOf<Fine>(k << head.restPlan.m, head.order), root = rootOf<Fine>(k, head.order);
-        coarse[2 * k] = R(step.re);
-        coarse[2 * k + 1] = R(step.im);
-        Root<Fine> power{1, 0};
-        for (int l = 0; l < head.W; l++) {
-            const int lane = int(16 / sizeof(R)) == 4 ? laneOf<4>(l, head.W) : laneOf<2>(l, head.W);
-            R* const of = powers + k * std::size_t(2 * head.W);
-            of[lane] = R(power.re);
-            of[head.W + lane] = R(power.im);
-            power = {power.re * root.re - power.im * root.im, power.re * root.im + power.im * root.re};
+    if constexpr (W > 1 && fitsRegisters<W>) {
+        constexpr int P = int(16 / sizeof(R));
+        ARK_UNROLL
+        for (int first = 0; first < count; first += W) {
+            Row<R, W> turned[W], y[W];
+            std::ptrdiff_t rows[W];
+            ARK_UNROLL
+            for (int i = 0; i < W; i++)
+                rows[i] = row(first + i);
+            source.getTurned(rows, turned);
+            ARK_UNROLL
+            for (int q = 0; q < W; q++)
+                y[reversed(q, W)] = turned[q];
+            butterfly(y, constants.eighth);
+            ARK_UNROLL
+            for (int i = 0; i < W; i++)
+                turned[i] = y[elementOf<P>(i, W)];
+            transpose(turned);
+            ARK_UNROLL
+            for (int i = 0; i < W; i++)
+                x[first + i] = turned[i];
         }
+    } else {
+        ARK_UNROLL
+        for (int i = 0; i < count; i++)
+            x[i] = source(row(i));
+        if constexpr (W > 1)
+            transformLanes<R, W, false>(x, constants);
     }
-}
-
-template <class R>
-void fillTableOf(const Head<R>& head, R* table)
-{
-    __builtin_memcpy(table, &head, sizeof head);
-    if (head.order < matrixFrom)
-        return fillShortTable(head, table);
-    fillMatrixTable(head, table);
-    fillTableOf(Head<R>::of(head.restPlan.m, head.eighth), table + head.inner);
-}
-
-template <class R>
-Head<R> headFor(int order)
-{
-    return Head<R>::of(order, eighthOf<R>(order));
-}
-template <class R>
-void fillTable(int order, R* table)
-{
-    fillTableOf(headFor<R>(order), table);
-}
-template <class R>
-std::size_t tableSize(int order)
-{
-    return std::size_t(headFor<R>(order).size);
-}
-template <class R>
-std::size_t scratchSize(int order)
-{
-    const Head<R> head = headFor<R>(order);
-    const std::size_t whole = std::size_t{2} << order;
-    return order < matrixFrom ? whole
-                              : whole + (std::size_t(2 * columnsAtATime<R, lanes<R>> * lanes<R>) << head.plan.m);
 }
 
 // ---- the whole transform ----
@@ -1421,33 +550,39 @@ void fewRows(const Job<R>& job)
 {
     using V = Reg<R, W>;
     constexpr int P = placesOf<V>, B = W / P;
-    constexpr bool fromReversed = fftOrder == bitReversedInput;
     const OuterSource<R, W, form> source{job.src, 0, W};
     const OuterTarget<R, W, form, false> target{job.dst, 0, W, 1};
     const LaneConstants<R, W> constants{job.table + job.head().constants, job.head().eighth};
     const R* const factors = job.table + job.head().lanes;
+    const auto reversedRow = [](int k) ARK_INLINED { return std::ptrdiff_t(reversed(k, M)); };
     Cplx<V> x[M];
-    ARK_UNROLL
-    for (int n = 0; n < M; n++)
-        x[fromReversed ? reversed(n, M) : n] = source(n);
-    if constexpr (fromReversed)
-        transformLanes<R, W, false>(x, constants);
-    else
-        butterfly(x, constants.eighth);
-    ARK_UNROLL
-    for (int k = 1; k < M; k++)
-        x[k] = x[k] * getRow<R, W>(factors + k * 2 * W);
-    if constexpr (fromReversed)
-        butterfly(x, constants.eighth);
-    else
-        transformLanes<R, W, true>(x, constants);
-    scaleAll(x, job.scale);
-    if constexpr (fftOrder != naturalOrder) {
+    const auto multiply = [&]() ARK_INLINED {
         ARK_UNROLL
-        for (int k = 0; k < M; k++)
-            target(fromReversed ? k : reversed(k, M), x[k]);
+        for (int k = 1; k < M; k++)
+            x[k] = x[k] * getRow<R, W>(factors + k * 2 * W);
+    };
+    if constexpr (fftOrder == bitReversedInput) {
+        lanesFromReversed<R, W>(source, reversedRow, x, constants);
+        multiply();
+        butterfly(x, constants.eighth);
+        scaleAll(x, job.scale);
+        ARK_UNROLL
+        for (int n = 0; n < M; n++)
+            target(n, x[n]);
         return;
     }
+    ARK_UNROLL
+    for (int n = 0; n < M; n++)
+        x[n] = source(n);
+    butterfly(x, constants.eighth);
+    multiply();
+    if constexpr (fftOrder == bitReversedOutput) {
+        scaleAll(x, job.scale);
+        lanesToReversed<R, W>(x, target, reversedRow, constants);
+        return;
+    }
+    transformLanes<R, W, true>(x, constants);
+    scaleAll(x, job.scale);
     // P rows k of one result q of the lanes are neighbours.
     ARK_UNROLL
     for (int k = 0; k < M; k += P) {
@@ -1489,15 +624,12 @@ ARK_INLINE void rowsThenLanes(Source source, Target target, std::ptrdiff_t M, co
         for (int t = 0; t < radix; t++)
             x[t] = source(row + t);
         butterfly(x, constants.eighth);
-        if constexpr (W > 1) {
+        if constexpr (W > 1)
             ARK_UNROLL
-            for (int j = 0; j < radix; j++)
-                x[j] = x[j] * getRow<R, W>(factors + (next + j * (M / radix)) * 2 * W);
-            transformLanes<R, W, true>(x, constants);
-        }
-        ARK_UNROLL
         for (int j = 0; j < radix; j++)
-            target(row + reversed(j, radix), x[j]);
+            x[j] = x[j] * getRow<R, W>(factors + (next + j * (M / radix)) * 2 * W);
+        lanesToReversed<R, W>(
+            x, target, [row](int j) ARK_INLINED { return row + reversed(j, radix); }, constants);
     }
 }
 template <class R, int W, int radix, class Source, class Target>
@@ -1506,15 +638,12 @@ ARK_INLINE void lanesThenRows(Source source, Target target, std::ptrdiff_t M, co
 {
     for (std::ptrdiff_t row = 0, next = 0; row < M; row += radix, next = nextReversed(next, M / radix)) {
         Row<R, W> x[radix];
-        ARK_UNROLL
-        for (int j = 0; j < radix; j++)
-            x[j] = source(row + reversed(j, radix));
-        if constexpr (W > 1) {
-            transformLanes<R, W, false>(x, constants);
+        lanesFromReversed<R, W>(
+            source, [row](int j) ARK_INLINED { return row + reversed(j, radix); }, x, constants);
+        if constexpr (W > 1)
             ARK_UNROLL
-            for (int j = 0; j < radix; j++)
-                x[j] = x[j] * getRow<R, W>(factors + (next + j * (M / radix)) * 2 * W);
-        }
+        for (int j = 0; j < radix; j++)
+            x[j] = x[j] * getRow<R, W>(factors + (next + j * (M / radix)) * 2 * W);
         butterfly(x, constants.eighth);
         ARK_UNROLL
         for (int t = 0; t < radix; t++)
@@ -1700,7 +829,6 @@ void matrixFromReversed(const Job<R>& job)
 // rows of 64 bytes would lie 4 KiB apart on the stack, where processors take loads for dependent on stores.
 template <class R, int W>
 constexpr int longestFewTiles = W * sizeof(R) < 64 ? 5 : 4;
-constexpr int longestFewPairs = 5;
 
 template <class R>
 using Compute = void (*)(const Job<R>& job);

@@ -70,8 +70,8 @@ void recombineBy(const R* src, R* dst, std::ptrdiff_t M, const R* table, R sumFa
     }
 }
 
-// The same in scalars. So few elements have just been stored as scalars, and loads of whole registers would have to
-// wait until they are in memory.
+// The same in scalars. So few elements have just been stored in pieces, and loads of whole registers would have to wait
+// until they are in memory.
 template <class R, std::ptrdiff_t M, bool forward>
 void recombineFew(const R* src, R* dst, const R* table, R sumFactor, R differenceFactor)
 {
@@ -97,12 +97,8 @@ void recombineFew(const R* src, R* dst, const R* table, R sumFactor, R differenc
 template <class R, bool forward>
 void recombine(const R* src, R* dst, int order, const R* table, R sumFactor, R differenceFactor)
 {
-    switch (order) {
-    case 1: return recombineFew<R, 2, forward>(src, dst, table, sumFactor, differenceFactor);
-    case 2: return recombineFew<R, 4, forward>(src, dst, table, sumFactor, differenceFactor);
-    case 3: return recombineFew<R, 8, forward>(src, dst, table, sumFactor, differenceFactor);
-    default: break;
-    }
+    if (order == 3)
+        return recombineFew<R, 8, forward>(src, dst, table, sumFactor, differenceFactor);
     constexpr int W = lanes<R> / 2;
     static_assert(2 * W <= 1 << 4, "the shortest vectors from here on");
     recombineBy<R, W, forward>(src, dst, std::ptrdiff_t{1} << order, table, sumFactor, differenceFactor);

@@ -8,7 +8,7 @@ namespace ark {
 template <class R>
 struct RealKernels {
     // The spectrum of 2 M reals from, or back to, that of the M complex numbers made of neighbouring reals; M =
-    // 2^order, order >= 1. Elements 1 to M - 1 of each stand at src and dst: element k at src + 2 (k - 1). For k = 1
+    // 2^order, order >= 3. Elements 1 to M - 1 of each stand at src and dst: element k at src + 2 (k - 1). For k = 1
     // ... M/2, with a = src_k and b = src_(M-k):
     //
     //   sum = sumFactor (a + conj b)    turned = differenceFactor c_k (a - conj b)    c_k = (+-sin(pi k / M), cos(pi k

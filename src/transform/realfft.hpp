@@ -2,6 +2,9 @@
 #pragma once
 
 #include "transform/cplxfft.hpp"
+#include "transform/fewreals.hpp"
+#include <type_traits>
+#include <utility>
 
 namespace ark {
 
@@ -16,19 +19,59 @@ inline SpectrumLayout ccsLayout(int order) { return {2, std::ptrdiff_t{1} << ord
 inline SpectrumLayout packLayout(int order) { return {1, order > 0 ? (std::ptrdiff_t{1} << order) - 1 : 0, false}; }
 inline SpectrumLayout permLayout(int order) { return {2, order > 0, false}; }
 
-// N reals as N/2 complex numbers: their transform, recombined where it stands.
+// Calls body with 0 ... N/2 - 2 as constants: no index of a spectrum is a variable, so that it stays in registers.
+template <int N, class Body>
+void forEachPair(Body body)
+{
+    [body]<int... i>(std::integer_sequence<int, i...>) { (body(std::integral_constant<int, i>{}), ...); }
+    (std::make_integer_sequence<int, N / 2 - 1>{});
+}
+
+template <class R, int N>
+void fewToSpectrum(const R* src, R* dst, SpectrumLayout layout, int flags, R scale)
+{
+    const HalfSpectrum<R, N> spectrum = spectrumOf<R, N>(src);
+    const R imScale = has(flags, ARK_Inv) ? -scale : scale;
+    dst[0] = spectrum.re[0] * scale;
+    forEachPair<N>([=](auto i) {
+        dst[layout.pairs + 2 * i] = spectrum.re[i + 1] * scale;
+        dst[layout.pairs + 2 * i + 1] = spectrum.im[i + 1] * imScale;
+    });
+    if (layout.isCcs)
+        dst[1] = dst[layout.last + 1] = 0;
+    dst[layout.last] = spectrum.re[N / 2] * scale;
+}
+template <class R, int N>
+void spectrumToFew(const R* src, R* dst, SpectrumLayout layout, int flags, R scale)
+{
+    HalfSpectrum<R, N> spectrum;
+    const R imScale = has(flags, ARK_Inv) ? scale : -scale;
+    spectrum.re[0] = src[0] * scale;
+    forEachPair<N>([&](auto i) {
+        spectrum.re[i + 1] = src[layout.pairs + 2 * i] * scale;
+        spectrum.im[i + 1] = src[layout.pairs + 2 * i + 1] * imScale;
+    });
+    spectrum.re[N / 2] = src[layout.last] * scale;
+    signalOf(spectrum, dst);
+}
+
+// N reals as N/2 complex numbers: their transform, recombined where it stands. So few reals that calls would take
+// longest are transformed as they are. Inlined, since layout and space would be passed in memory.
 template <class R>
-void realToSpectrum(const R* src, R* dst, SpectrumLayout layout, int order, int flags, const Workspace<R>& space)
+[[gnu::always_inline]] inline void realToSpectrum(const R* src, R* dst, SpectrumLayout layout, int order, int flags,
+                                                  const Workspace<R>& space)
 {
     const R scale = scaleOf<R>(order, flags);
-    R re = src[0], im = src[1];
-    if (order > 1) {
-        transformPairs(src, dst, order - 1, flags, space, R(1));
-        re = dst[0];
-        im = dst[1];
-        const auto recombine = inDirection(kernels<RealKernels<R>>().recombine, flags);
-        recombine(dst + 2, dst + layout.pairs, order - 1, space.recombination, scale / 2, -scale / 2);
+    switch (order) {
+    case 1: return fewToSpectrum<R, 2>(src, dst, layout, flags, scale);
+    case 2: return fewToSpectrum<R, 4>(src, dst, layout, flags, scale);
+    case 3: return fewToSpectrum<R, 8>(src, dst, layout, flags, scale);
+    default: break;
     }
+    transformPairs(src, dst, order - 1, flags, space, R(1));
+    const R re = dst[0], im = dst[1];
+    const auto recombine = inDirection(kernels<RealKernels<R>>().recombine, flags);
+    recombine(dst + 2, dst + layout.pairs, order - 1, space.recombination, scale / 2, -scale / 2);
     dst[0] = (re + im) * scale;
     if (layout.isCcs)
         dst[1] = dst[layout.last + 1] = 0;
@@ -36,15 +79,17 @@ void realToSpectrum(const R* src, R* dst, SpectrumLayout layout, int order, int 
 }
 
 template <class R>
-void spectrumToReal(const R* src, R* dst, SpectrumLayout layout, int order, int flags, const Workspace<R>& space)
+[[gnu::always_inline]] inline void spectrumToReal(const R* src, R* dst, SpectrumLayout layout, int order, int flags,
+                                                  const Workspace<R>& space)
 {
     const R scale = scaleOf<R>(order, flags);
-    const R first = src[0], last = src[layout.last];
-    if (order == 1) {
-        dst[0] = (first + last) * scale;
-        dst[1] = (first - last) * scale;
-        return;
+    switch (order) {
+    case 1: return spectrumToFew<R, 2>(src, dst, layout, flags, scale);
+    case 2: return spectrumToFew<R, 4>(src, dst, layout, flags, scale);
+    case 3: return spectrumToFew<R, 8>(src, dst, layout, flags, scale);
+    default: break;
     }
+    const R first = src[0], last = src[layout.last];
     const auto recombine = inDirection(kernels<RealKernels<R>>().recombine, flags);
     recombine(src + layout.pairs, dst + 2, order - 1, space.recombination, 1, 1);
     dst[0] = first + last;
