@@ -1,49 +1,39 @@
 // The passes beside a complex transform that make it a transform of real signals.
+#include "transform/real_kernels.hpp"
 #include "frame/kernels.hpp"
-#include "frame/simd.hpp"
+#include "transform/fft_memory.hpp"
 
 namespace ark::ARK_SET {
 namespace {
 
 // A register of W complex numbers.
 template <class R, int W>
-struct PairsOf {
-    typedef R Type __attribute__((vector_size(sizeof(R) * 2 * W)));
-    typedef typename BitsOf<R>::Type Bits __attribute__((vector_size(sizeof(R) * 2 * W)));
-};
-template <class R, int W>
-using Pairs = typename PairsOf<R, W>::Type;
-
-template <class R, int W>
-ARK_INLINE Pairs<R, W> get(const R* from)
-{
-    Pairs<R, W> v;
-    __builtin_memcpy(&v, from, sizeof v);
-    return v;
-}
-template <class V, class R>
-ARK_INLINE void put(R* to, V v)
-{
-    __builtin_memcpy(to, &v, sizeof v);
-}
+using Pairs = Reg<R, 2 * W>;
 
 template <class R, int W, std::size_t... i>
 ARK_INLINE auto signsIn(std::size_t place, std::index_sequence<i...>)
 {
-    using SignBits = typename PairsOf<R, W>::Bits;
+    typedef typename BitsOf<R>::Type SignBits __attribute__((vector_size(sizeof(Pairs<R, W>))));
     return SignBits{(i % 2 == place ? BitsOf<R>::sign : 0)...};
 }
 template <class R, int W>
 ARK_INLINE Pairs<R, W> conjugate(Pairs<R, W> v)
 {
     const auto signs = signsIn<R, W>(1, std::make_index_sequence<std::size_t{2} * W>{});
-    return (Pairs<R, W>)((typename PairsOf<R, W>::Bits)v ^ signs);
+    return (Pairs<R, W>)((decltype(signs))v ^ signs);
 }
 template <class R, int W>
 ARK_INLINE Pairs<R, W> timesI(Pairs<R, W> v)
 {
     const auto signs = signsIn<R, W>(0, std::make_index_sequence<std::size_t{2} * W>{});
-    return (Pairs<R, W>)((typename PairsOf<R, W>::Bits)permute<otherPart>(v) ^ signs);
+    return (Pairs<R, W>)((decltype(signs))permute<otherPart>(v) ^ signs);
+}
+
+template <class R>
+ARK_INLINE Pair<R> conjugate(Pair<R> a)
+{
+    using V = typename Pair<R>::V;
+    return {V(__m128i(a.parts) ^ __m128i(V{R(0), R(-0.0)}))};
 }
 
 // The vectors walk from both ends to the middle: k ... k + W - 1 and, mirrored, M - k - W + 1 ... M - k. The last two
@@ -53,14 +43,14 @@ template <class R, int W, bool forward>
 void recombineBy(const R* src, R* dst, std::ptrdiff_t M, const R* table, R sumFactor, R differenceFactor)
 {
     using V = Pairs<R, W>;
-    V low = get<R, W>(src), high = get<R, W>(src + 2 * (M - W - 1));
+    V low = get<R, 2 * W>(src), high = get<R, 2 * W>(src + 2 * (M - W - 1));
     for (std::ptrdiff_t k = 1; k <= M / 2; k += W) {
         const V a = low, b = conjugate<R, W>(permute<flippedPairs>(high));
         if (k + W <= M / 2) {
-            low = get<R, W>(src + 2 * (k + W - 1));
-            high = get<R, W>(src + 2 * (M - k - W - W));
+            low = get<R, 2 * W>(src + 2 * (k + W - 1));
+            high = get<R, 2 * W>(src + 2 * (M - k - W - W));
         }
-        const V root = get<R, W>(table + 2 * (k - 1));
+        const V root = get<R, 2 * W>(table + 2 * (k - 1));
         const V cosine = permute<realPart>(root), sine = permute<imaginaryPart>(root);
         const V sum = (a + b) * sumFactor, difference = (a - b) * differenceFactor;
         const V straight = sine * difference, crossed = cosine * timesI<R, W>(difference);
@@ -70,27 +60,23 @@ void recombineBy(const R* src, R* dst, std::ptrdiff_t M, const R* table, R sumFa
     }
 }
 
-// The same in scalars. So few elements have just been stored in pieces, and loads of whole registers would have to wait
+// The same one by one. So few elements have just been stored like that, and loads of whole registers would have to wait
 // until they are in memory.
 template <class R, std::ptrdiff_t M, bool forward>
 void recombineFew(const R* src, R* dst, const R* table, R sumFactor, R differenceFactor)
 {
-    R x[2 * (M - 1)];
+    Pair<R> x[M];
     ARK_UNROLL
-    for (std::ptrdiff_t i = 0; i < 2 * (M - 1); i++)
-        x[i] = src[i];
+    for (std::ptrdiff_t k = 1; k < M; k++)
+        x[k] = getPair(src + 2 * (k - 1));
     ARK_UNROLL
     for (std::ptrdiff_t k = 1; k <= M / 2; k++) {
-        const R *const a = x + 2 * (k - 1), *const b = x + 2 * (M - k - 1);
         const R cosine = table[2 * (k - 1)], sine = table[2 * (k - 1) + 1];
-        const R sumRe = (a[0] + b[0]) * sumFactor, sumIm = (a[1] - b[1]) * sumFactor;
-        const R re = (a[0] - b[0]) * differenceFactor, im = (a[1] + b[1]) * differenceFactor;
-        const R turnedRe = forward ? sine * re - cosine * im : -(sine * re + cosine * im);
-        const R turnedIm = forward ? sine * im + cosine * re : cosine * re - sine * im;
-        dst[2 * (k - 1)] = sumRe + turnedRe;
-        dst[2 * (k - 1) + 1] = sumIm + turnedIm;
-        dst[2 * (M - k - 1)] = sumRe - turnedRe;
-        dst[2 * (M - k - 1) + 1] = turnedIm - sumIm;
+        const Pair<R> a = x[k], b = conjugate(x[M - k]);
+        const Pair<R> sum = scaledBy(a + b, sumFactor);
+        const Pair<R> turned = times(scaledBy(a - b, differenceFactor), forward ? sine : -sine, cosine);
+        putPair(dst + 2 * (k - 1), sum + turned);
+        putPair(dst + 2 * (M - k - 1), conjugate(sum - turned));
     }
 }
 
