@@ -4,7 +4,7 @@
 //
 //   X[k + M q] = sum over l of  w_W^(l q)  w_N^(l k)  Y_l[k],      Y_l[k] = sum over n of w_M^(n k) x[W n + l]
 //
-// with w_N = e^(-2 pi i / N). The rows: the transforms Y_l run in all lanes at once, passes of radix 4 and 8 in place,
+// with w_N = e^(-2 pi i / N). The rows: the transforms Y_l run in all lanes at once, passes of radix 4 to 16 in place,
 // with twiddles that are the same for all lanes, which leave the rows in bit-reversed order. The lanes: for W rows k at
 // a time, the twiddles w_N^(l k), a transposition, and the transform over l, at once or, in wide registers, by a tile
 // as radix 2 and radix W / 2; its results are whole registers of neighbouring k. Between passes a row is W real parts
@@ -75,7 +75,7 @@ ARK_INLINE void lastButterflies(R* rows, std::ptrdiff_t s, R eighth)
 template <int i>
 struct Index {};
 
-// Calls body with the radix as a constant.
+// Calls body with the radix as a constant; the last one's may be longer.
 template <class Body>
 ARK_INLINE void withRadix(int log2Radix, Body body)
 {
@@ -84,17 +84,27 @@ ARK_INLINE void withRadix(int log2Radix, Body body)
     else
         body(Index<8>{});
 }
+template <int W, class Body>
+ARK_INLINE void withLastRadix(int log2Radix, Body body)
+{
+    if constexpr (!takesRadix8(W))
+        if (log2Radix == 4)
+            return body(Index<16>{});
+    withRadix(log2Radix, body);
+}
 
 // The passes are long. They are not inlined, so that all transforms that need one have the same.
 template <class R, int W, bool toReversed>
 [[gnu::noinline]] void innerPass(int log2Radix, R* rows, std::ptrdiff_t n, std::ptrdiff_t s, RowsTable<R> table)
 {
-    withRadix(log2Radix, [&]<int radix>(Index<radix>) ARK_INLINED {
-        if (n == radix)
+    if (n == std::ptrdiff_t{1} << log2Radix)
+        withLastRadix<W>(log2Radix, [&]<int radix>(Index<radix>) ARK_INLINED {
             lastButterflies<R, W, radix, toReversed>(rows, s, table.eighth);
-        else
+        });
+    else
+        withRadix(log2Radix, [&]<int radix>(Index<radix>) ARK_INLINED {
             inPlacePass<R, W, radix, toReversed>(InnerSource<R, W>{rows}, InnerTarget<R, W>{rows}, n, s, table);
-    });
+        });
 }
 
 // In place in the rows, but for the source of the first pass, which is not the only one. Of one column of registers or
@@ -466,7 +476,7 @@ void shortToNatural(const Job<R>& job)
                                   OuterSource<R, W, form>{job.src, 0, W}, rows, head.rowsTable(job.table));
     withTarget<R, W, form>(job.dst, 0, 1, job.scale, [&](auto target) {
         if constexpr (W == 1)
-            withRadix(head.plan.log2Radix[head.plan.passes - 1], [&]<int radix>(Index<radix>) ARK_INLINED {
+            withLastRadix<W>(head.plan.log2Radix[head.plan.passes - 1], [&]<int radix>(Index<radix>) ARK_INLINED {
                 lastPass<R, W, radix, 1>(InnerSource<R, W>{rows}, target, M, head.eighth);
             });
         else
@@ -664,7 +674,7 @@ void shortToReversedFrom(const Job<R>& job, std::ptrdiff_t first)
     const R* const factors = job.table + head.lanes;
     const InnerSource<R, W> source{rows};
     withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
-        withRadix(head.plan.log2Radix[head.plan.passes - 1], [&]<int radix>(Index<radix>) ARK_INLINED {
+        withLastRadix<W>(head.plan.log2Radix[head.plan.passes - 1], [&]<int radix>(Index<radix>) ARK_INLINED {
             rowsThenLanes<R, W, radix>(source, target, M, factors, constants);
         });
     });
@@ -686,7 +696,7 @@ void shortFromReversedFrom(const Job<R>& job, std::ptrdiff_t first)
     const R* const factors = job.table + head.lanes;
     const OuterSource<R, W, form> source{job.src, first, W};
     const InnerTarget<R, W> inner{rows};
-    withRadix(head.plan.log2Radix[head.plan.passes - 1], [&]<int radix>(Index<radix>) ARK_INLINED {
+    withLastRadix<W>(head.plan.log2Radix[head.plan.passes - 1], [&]<int radix>(Index<radix>) ARK_INLINED {
         lanesThenRows<R, W, radix>(source, inner, M, factors, constants);
     });
     withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
@@ -775,9 +785,9 @@ void matrixToNatural(const Job<R>& job)
         transformRowsToReversed<R, W, columns>(head.restPlan, head.restPlan.passes - 1, from, row,
                                                head.restRowsTable(job.table));
         withTarget<R, W, form>(job.dst, k0, N1, job.scale, [&](auto target) {
-            withRadix(head.restPlan.log2Radix[head.restPlan.passes - 1], [&]<int radix>(Index<radix>) ARK_INLINED {
-                lastPass<R, W, radix, columns>(from, target, N2, head.eighth);
-            });
+            withLastRadix<W>(head.restPlan.log2Radix[head.restPlan.passes - 1],
+                             [&]<int radix>(Index<radix>)
+                                 ARK_INLINED { lastPass<R, W, radix, columns>(from, target, N2, head.eighth); });
         });
     }
 }

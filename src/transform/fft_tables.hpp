@@ -6,6 +6,10 @@
 namespace ark::ARK_SET {
 namespace {
 
+// Registers that hold a butterfly of 8 and more make passes of that. Where they hold less than one, passes of 4 take
+// the least time, and a last one of 16, which has no factors, less than two of 4.
+constexpr bool takesRadix8(int W) { return ARK_AVX512 || W == 1; }
+
 // The radices of the transform of 2^m rows, m >= 2, and the number of factors: of every pass but the last.
 struct Plan {
     int m, passes;
@@ -17,9 +21,7 @@ struct Plan {
         Plan plan{m, 0, {}, 0};
         std::ptrdiff_t rows = std::ptrdiff_t{1} << m;
         for (int left = m; left > 0;) {
-            // 8 where registers hold such a butterfly and more, otherwise 4
-            const bool by8 = ARK_AVX512 || W == 1 ? left % 3 == 0 : left == 3;
-            const int log2Radix = by8 ? 3 : 2;
+            const int log2Radix = takesRadix8(W) ? (left % 3 == 0 ? 3 : 2) : (left <= 4 ? left : 2);
             plan.log2Radix[plan.passes++] = log2Radix;
             left -= log2Radix;
             rows >>= log2Radix;
