@@ -15,7 +15,7 @@ inline constexpr R rootOfHalf = R(0.70710678118654752440L);
 // X_k = sum over n of x_n e^(-2 pi i k n / N), x_n at step n: from the spectra E and O of those at even and odd places,
 // X_k = E_k + w^k O_k and X_(N/2-k) = conj(E_k - w^k O_k).
 template <class R, int N>
-HalfSpectrum<R, N> spectrumOf(const R* x, int step = 1)
+[[gnu::always_inline]] inline HalfSpectrum<R, N> spectrumOf(const R* x, int step = 1)
 {
     static_assert(N == 2 || N == 4 || N == 8);
     HalfSpectrum<R, N> result;
@@ -42,7 +42,7 @@ HalfSpectrum<R, N> spectrumOf(const R* x, int step = 1)
 // x_n = sum over all N elements X_k of the spectrum of X_k e^(2 pi i k n / N), at step n: those at even and odd places
 // from the half spectra X_k + conj X_(N/2-k) and (X_k - conj X_(N/2-k)) w^-k.
 template <class R, int N>
-void signalOf(const HalfSpectrum<R, N>& spectrum, R* x, int step = 1)
+[[gnu::always_inline]] inline void signalOf(const HalfSpectrum<R, N>& spectrum, R* x, int step = 1)
 {
     static_assert(N == 2 || N == 4 || N == 8);
     const R *const re = spectrum.re, *const im = spectrum.im;

@@ -110,19 +110,19 @@ template <class R, int W, bool toReversed>
 // In place in the rows, but for the source of the first pass, which is not the only one. Of one column of registers or
 // of more, whose rows are apart.
 template <class R, int W, std::ptrdiff_t columns = 1, class Source>
-[[gnu::noinline]] void transformRowsToReversed(const Plan& plan, int passes, Source source, R* rows, RowsTable<R> table)
+[[gnu::noinline]] void transformRowsToReversed(const Plan& plan, int passes, Source source, InnerTarget<R, W> rows,
+                                               RowsTable<R> table)
 {
     std::ptrdiff_t n = std::ptrdiff_t{1} << plan.m, s = 1;
-    const std::ptrdiff_t distance = n * 2 * W;
     for (int i = 0; i < passes; i++) {
         const int log2Radix = plan.log2Radix[i];
         if (i == 0)
             withRadix(log2Radix, [&]<int radix>(Index<radix>) ARK_INLINED {
-                inPlacePass<R, W, radix, true, columns>(source, InnerTarget<R, W>{rows, distance}, n, s, table);
+                inPlacePass<R, W, radix, true, columns>(source, rows, n, s, table);
             });
         else
             for (std::ptrdiff_t column = 0; column < columns; column++)
-                innerPass<R, W, true>(log2Radix, rows + column * distance, n, s, table);
+                innerPass<R, W, true>(log2Radix, rows.beside(column).rows, n, s, table);
         n >>= log2Radix;
         s <<= log2Radix;
         table.factors += sizeOfFactors<R, W>(n * ((1 << log2Radix) - 1));
@@ -148,12 +148,11 @@ ARK_INLINE void lastPass(Source source, Target target, std::ptrdiff_t M, R eight
 
 // In place in the rows, but for the target of the last pass, which is not the only one.
 template <class R, int W, std::ptrdiff_t columns = 1, class Target>
-[[gnu::noinline]] void transformRowsFromReversed(const Plan& plan, int passes, R* rows, Target target,
+[[gnu::noinline]] void transformRowsFromReversed(const Plan& plan, int passes, InnerTarget<R, W> rows, Target target,
                                                  RowsTable<R> table)
 {
     table.factors += sizeOfFactors<R, W>(plan.factors);
     std::ptrdiff_t n = 1, s = std::ptrdiff_t{1} << plan.m;
-    const std::ptrdiff_t distance = s * 2 * W;
     for (int i = plan.passes - 1; i >= passes; i--) {
         n <<= plan.log2Radix[i];
         s >>= plan.log2Radix[i];
@@ -166,11 +165,12 @@ template <class R, int W, std::ptrdiff_t columns = 1, class Target>
         s >>= log2Radix;
         if (i == 0)
             withRadix(log2Radix, [&]<int radix>(Index<radix>) ARK_INLINED {
-                inPlacePass<R, W, radix, false, columns>(InnerSource<R, W>{rows, distance}, target, n, s, table);
+                inPlacePass<R, W, radix, false, columns>(InnerSource<R, W>{rows.rows, rows.distance}, target, n, s,
+                                                         table);
             });
         else
             for (std::ptrdiff_t column = 0; column < columns; column++)
-                innerPass<R, W, false>(log2Radix, rows + column * distance, n, s, table);
+                innerPass<R, W, false>(log2Radix, rows.beside(column).rows, n, s, table);
     }
 }
 
@@ -473,7 +473,8 @@ void shortToNatural(const Job<R>& job)
     const std::ptrdiff_t M = std::ptrdiff_t{1} << head.plan.m;
     R* const rows = job.scratch;
     transformRowsToReversed<R, W>(head.plan, W == 1 ? head.plan.passes - 1 : head.plan.passes,
-                                  OuterSource<R, W, form>{job.src, 0, W}, rows, head.rowsTable(job.table));
+                                  OuterSource<R, W, form>{job.src, 0, W}, InnerTarget<R, W>{rows},
+                                  head.rowsTable(job.table));
     withTarget<R, W, form>(job.dst, 0, 1, job.scale, [&](auto target) {
         if constexpr (W == 1)
             withLastRadix<W>(head.plan.log2Radix[head.plan.passes - 1], [&]<int radix>(Index<radix>) ARK_INLINED {
@@ -668,8 +669,8 @@ void shortToReversedFrom(const Job<R>& job, std::ptrdiff_t first)
     const Head<R>& head = job.head();
     const std::ptrdiff_t M = std::ptrdiff_t{1} << head.plan.m;
     R* const rows = job.scratch;
-    transformRowsToReversed<R, W>(head.plan, head.plan.passes - 1, OuterSource<R, W, form>{job.src, first, W}, rows,
-                                  head.rowsTable(job.table));
+    transformRowsToReversed<R, W>(head.plan, head.plan.passes - 1, OuterSource<R, W, form>{job.src, first, W},
+                                  InnerTarget<R, W>{rows}, head.rowsTable(job.table));
     const LaneConstants<R, W> constants{job.table + head.constants, head.eighth};
     const R* const factors = job.table + head.lanes;
     const InnerSource<R, W> source{rows};
@@ -700,7 +701,8 @@ void shortFromReversedFrom(const Job<R>& job, std::ptrdiff_t first)
         lanesThenRows<R, W, radix>(source, inner, M, factors, constants);
     });
     withTarget<R, W, form>(job.dst, first, W, job.scale, [&](auto target) {
-        transformRowsFromReversed<R, W>(head.plan, head.plan.passes - 1, rows, target, head.rowsTable(job.table));
+        transformRowsFromReversed<R, W>(head.plan, head.plan.passes - 1, InnerTarget<R, W>{rows}, target,
+                                        head.rowsTable(job.table));
     });
 }
 
@@ -758,32 +760,43 @@ void matrixToNatural(const Job<R>& job)
     R* const turned = job.scratch; // [k1 / W][n2][2 W]
     R* const rows = job.scratch + 2 * N1 * N2;
     const MatrixFactors<R, W> factors(job);
-    const auto turn = [&](InnerSource<R, W> source, std::ptrdiff_t c) ARK_INLINED {
-        for (std::ptrdiff_t k0 = 0, place = 0; k0 < N1; k0 += W, place = nextReversed(place, N1 / W)) {
-            Row<R, W> x[W];
-            ARK_UNROLL
-            for (int lane = 0; lane < W; lane++) {
-                const int i = elementOf<P>(lane, W);
-                x[lane] = factors.times(source(place + reversed(i, W) * (N1 / W)), k0 + i, c);
-            }
-            transpose(x);
-            R* const to = turned + (k0 * N2 + c * W) * 2;
-            ARK_UNROLL
-            for (int lane = 0; lane < W; lane++)
-                putRow<R, W>(to + elementOf<P>(lane, W) * 2 * W, x[lane]);
-        }
-    };
+    // W rows at k0 of the W columns at c.
+    const auto turn = [&](InnerSource<R, W> source, std::ptrdiff_t c, std::ptrdiff_t k0, std::ptrdiff_t place)
+                          ARK_INLINED {
+                              Row<R, W> x[W];
+                              ARK_UNROLL
+                              for (int lane = 0; lane < W; lane++) {
+                                  const int i = elementOf<P>(lane, W);
+                                  x[lane] = factors.times(source(place + reversed(i, W) * (N1 / W)), k0 + i, c);
+                              }
+                              transpose(x);
+                              R* const to = turned + (k0 * N2 + c * W) * 2;
+                              ARK_UNROLL
+                              for (int lane = 0; lane < W; lane++)
+                                  putRow<R, W>(to + elementOf<P>(lane, W) * 2 * W, x[lane]);
+                          };
+    const InnerTarget<R, W> block{rows, columnSize<R, W>(N1)};
     for (std::ptrdiff_t c = 0; c < N2; c += columns * W) {
         transformRowsToReversed<R, W, columns>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2},
-                                               rows, head.rowsTable(job.table));
-        for (std::ptrdiff_t column = 0; column < columns; column++)
-            turn({rows + column * N1 * 2 * W}, c + column * W);
+                                               block, head.rowsTable(job.table));
+        const InnerSource<R, W> source{rows, block.distance};
+        if constexpr (W == 1) { // less than a line of the cache: all columns together
+            for (std::ptrdiff_t k = 0, place = 0; k < N1; k++, place = nextReversed(place, N1))
+                for (std::ptrdiff_t column = 0; column < columns; column++)
+                    turn(source.beside(column), c + column, k, place);
+        } else {
+            for (std::ptrdiff_t column = 0; column < columns; column++) {
+                const InnerSource<R, W> one = source.beside(column);
+                for (std::ptrdiff_t k0 = 0, place = 0; k0 < N1; k0 += W, place = nextReversed(place, N1 / W))
+                    turn(one, c + column * W, k0, place);
+            }
+        }
     }
     for (std::ptrdiff_t k0 = 0; k0 < N1; k0 += columns * W) {
         R* const row = turned + k0 * N2 * 2;
         const InnerSource<R, W> from{row, N2 * 2 * W};
-        transformRowsToReversed<R, W, columns>(head.restPlan, head.restPlan.passes - 1, from, row,
-                                               head.restRowsTable(job.table));
+        transformRowsToReversed<R, W, columns>(head.restPlan, head.restPlan.passes - 1, from,
+                                               InnerTarget<R, W>{row, from.distance}, head.restRowsTable(job.table));
         withTarget<R, W, form>(job.dst, k0, N1, job.scale, [&](auto target) {
             withLastRadix<W>(head.restPlan.log2Radix[head.restPlan.passes - 1],
                              [&]<int radix>(Index<radix>)
@@ -799,12 +812,12 @@ void matrixToReversed(const Job<R>& job)
     const Head<R>& head = job.head();
     const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
     R* const rows = job.scratch;
-    const InnerSource<R, W> source{rows, N1 * 2 * W};
+    const InnerSource<R, W> source{rows, columnSize<R, W>(N1)};
     const MatrixFactors<R, W> factors(job);
     constexpr std::ptrdiff_t columns = columnsAtATime<R, W>;
     for (std::ptrdiff_t c = 0; c < N2; c += columns * W) {
         transformRowsToReversed<R, W, columns>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2},
-                                               rows, head.rowsTable(job.table));
+                                               InnerTarget<R, W>{rows, source.distance}, head.rowsTable(job.table));
         const OuterTarget<R, W, form, false> target{job.dst, c, N2, 1};
         multiplyRows(source, target, N1, factors, c);
     }
@@ -822,14 +835,14 @@ void matrixFromReversed(const Job<R>& job)
     for (std::ptrdiff_t row = 0; row < N1; row++)
         shortFromReversedFrom<R, W, form>({job.src, job.dst, job.table + head.inner, job.scratch, 1}, row * N2);
     R* const rows = job.scratch;
-    const InnerTarget<R, W> inner{rows, N1 * 2 * W};
+    const InnerTarget<R, W> inner{rows, columnSize<R, W>(N1)};
     const MatrixFactors<R, W> factors(job);
     constexpr std::ptrdiff_t columns = columnsAtATime<R, W>;
     for (std::ptrdiff_t c = 0; c < N2; c += columns * W) {
         const OuterSource<R, W, form> source{{job.dst.re, job.dst.im}, c, N2};
         multiplyRows(source, inner, N1, factors, c);
         withTarget<R, W, form>(job.dst, c, N2, job.scale, [&](auto target) {
-            transformRowsFromReversed<R, W, columns>(head.plan, head.plan.passes, rows, target,
+            transformRowsFromReversed<R, W, columns>(head.plan, head.plan.passes, inner, target,
                                                      head.rowsTable(job.table));
         });
     }

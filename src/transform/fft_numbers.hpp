@@ -233,7 +233,7 @@ ARK_INLINE Pair<R> times(Pair<R> x, R re, R im)
 
 // sqrt(1/2), both parts of the root of unity at an eighth of the circle. The float transforms up to order 11 have
 // always used a float that is 4 ulps above it, and their results depend on it; they keep it.
-constexpr int longestOfEighth = 11;
+inline constexpr int longestOfEighth = 11;
 template <class R>
 constexpr R eighthOf(int order)
 {

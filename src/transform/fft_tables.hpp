@@ -193,15 +193,23 @@ constexpr int widthFor(int order)
 }
 
 // So few pairs are transformed in one straight piece of code, with neither tables nor scratch.
-constexpr int longestFewPairs = 5;
+inline constexpr int longestFewPairs = 5;
 
 // From this order on the vector is a matrix: columns, whose rows are far apart, are transformed W at a time, and then
 // its rows, or the opposite. What is transformed at a time stays in the cache, and the tables are short.
-constexpr int matrixFrom = 20;
+inline constexpr int matrixFrom = 20;
 
 // The registers of columns that are read and written together: as many as two cache lines hold.
 template <class R, int W>
 constexpr std::ptrdiff_t columnsAtATime = std::ptrdiff_t(64 / (W * sizeof(R)));
+
+// From one of these columns to the next in the scratch: many columns share few lines of the cache if that is a power of
+// two.
+template <class R, int W>
+constexpr std::ptrdiff_t columnSize(std::ptrdiff_t rows)
+{
+    return rows * 2 * W + (W == 1 ? std::ptrdiff_t(64 / sizeof(R)) : 0);
+}
 
 // What stands at the beginning of the table of one order, and where the rest of it stands, in reals from there.
 template <class R>
@@ -341,8 +349,9 @@ std::size_t scratchSize(int order)
 {
     const Head<R> head = headFor<R>(order);
     const std::size_t whole = head.isAlone() ? 0 : std::size_t{2} << order;
-    return order < matrixFrom ? whole
-                              : whole + (std::size_t(2 * columnsAtATime<R, lanes<R>> * lanes<R>) << head.plan.m);
+    const std::size_t lines = std::size_t(columnsAtATime<R, 1>) * (64 / sizeof(R));
+    const std::size_t columns = std::size_t(2 * columnsAtATime<R, 1>) << head.plan.m;
+    return order < matrixFrom ? whole : whole + columns + lines;
 }
 
 } // namespace

@@ -21,14 +21,14 @@ inline SpectrumLayout permLayout(int order) { return {2, order > 0, false}; }
 
 // Calls body with 0 ... N/2 - 2 as constants: no index of a spectrum is a variable, so that it stays in registers.
 template <int N, class Body>
-void forEachPair(Body body)
+[[gnu::always_inline]] inline void forEachPair(Body body)
 {
     [body]<int... i>(std::integer_sequence<int, i...>) { (body(std::integral_constant<int, i>{}), ...); }
     (std::make_integer_sequence<int, N / 2 - 1>{});
 }
 
 template <class R, int N>
-void fewToSpectrum(const R* src, R* dst, SpectrumLayout layout, int flags, R scale)
+[[gnu::always_inline]] inline void fewToSpectrum(const R* src, R* dst, SpectrumLayout layout, int flags, R scale)
 {
     const HalfSpectrum<R, N> spectrum = spectrumOf<R, N>(src);
     const R imScale = has(flags, ARK_Inv) ? -scale : scale;
@@ -42,7 +42,7 @@ void fewToSpectrum(const R* src, R* dst, SpectrumLayout layout, int flags, R sca
     dst[layout.last] = spectrum.re[N / 2] * scale;
 }
 template <class R, int N>
-void spectrumToFew(const R* src, R* dst, SpectrumLayout layout, int flags, R scale)
+[[gnu::always_inline]] inline void spectrumToFew(const R* src, R* dst, SpectrumLayout layout, int flags, R scale)
 {
     HalfSpectrum<R, N> spectrum;
     const R imScale = has(flags, ARK_Inv) ? scale : -scale;
