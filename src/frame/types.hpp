@@ -56,4 +56,16 @@ template <class T>
     return reinterpret_cast<Real<T>*>(elements);
 }
 
+// What products are formed in that are rounded to R once.
+template <class R>
+struct Wider;
+template <>
+struct Wider<float> {
+    using Type = double;
+};
+template <>
+struct Wider<double> {
+    using Type = long double;
+};
+
 } // namespace ark

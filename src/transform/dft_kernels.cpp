@@ -216,20 +216,17 @@ std::size_t scratchSize(const DftPlan& plan) { return std::size_t(Scratch::of(pl
 {
     for (std::ptrdiff_t block = 0; block < blocksOf(rows); block++, middle += columns * rowSize) {
         const std::ptrdiff_t begin = beginOf(block, rows);
-        V re[W], im[W];
+        Complex x[W];
         ARK_UNROLL
         for (int l = 0; l < W; l++) {
             const std::ptrdiff_t row = smaller(begin + dftLane(l, W), rows - 1) * rowSize;
-            const Complex x =
+            x[l] =
                 Complex{load(from + row), load(from + row + W)} * Complex{load(factors + row), load(factors + row + W)};
-            re[l] = x.re;
-            im[l] = x.im;
         }
-        transposeReals(re);
-        transposeReals(im);
+        transpose(x);
         ARK_UNROLL
         for (int l = 0; l < W; l++)
-            Rows{middle}.put(dftLane(l, W), {re[l], im[l]});
+            Rows{middle}.put(dftLane(l, W), x[l]);
     }
 }
 

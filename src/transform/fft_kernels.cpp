@@ -37,7 +37,7 @@ ARK_INLINE void inPlaceButterfly(Source source, Target target, std::ptrdiff_t ro
     const auto multiply = [&]() ARK_INLINED {
         ARK_UNROLL
         for (int j = 1; j < radix; j++)
-            x[j] = x[j] * getFactor<R, W>(w + sizeOfFactors<R, W>(j - 1));
+            x[j] = x[j] * getFactor<R, W>(w + sizeOfFactors<W>(j - 1));
     };
     ARK_UNROLL
     for (int t = 0; t < radix; t++)
@@ -57,7 +57,7 @@ ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std:
     const std::ptrdiff_t apart = n / radix;
     for (std::ptrdiff_t block = 0; block < n * s; block += n) {
         const R* w = table.factors;
-        for (std::ptrdiff_t row = block; row < block + apart; row++, w += sizeOfFactors<R, W>(radix - 1))
+        for (std::ptrdiff_t row = block; row < block + apart; row++, w += sizeOfFactors<W>(radix - 1))
             for (std::ptrdiff_t i = 0; i < columns; i++)
                 inPlaceButterfly<R, W, radix, toReversed, true>(source.beside(i), target.beside(i), row, apart, w,
                                                                 table.eighth);
@@ -125,7 +125,7 @@ template <class R, int W, std::ptrdiff_t columns = 1, class Source>
                 innerPass<R, W, true>(log2Radix, rows.beside(column).rows, n, s, table);
         n >>= log2Radix;
         s <<= log2Radix;
-        table.factors += sizeOfFactors<R, W>(n * ((1 << log2Radix) - 1));
+        table.factors += sizeOfFactors<W>(n * ((1 << log2Radix) - 1));
     }
 }
 
@@ -151,7 +151,7 @@ template <class R, int W, std::ptrdiff_t columns = 1, class Target>
 [[gnu::noinline]] void transformRowsFromReversed(const Plan& plan, int passes, InnerTarget<R, W> rows, Target target,
                                                  RowsTable<R> table)
 {
-    table.factors += sizeOfFactors<R, W>(plan.factors);
+    table.factors += sizeOfFactors<W>(plan.factors);
     std::ptrdiff_t n = 1, s = std::ptrdiff_t{1} << plan.m;
     for (int i = plan.passes - 1; i >= passes; i--) {
         n <<= plan.log2Radix[i];
@@ -160,7 +160,7 @@ template <class R, int W, std::ptrdiff_t columns = 1, class Target>
     for (int i = passes - 1; i >= 0; i--) {
         const int log2Radix = plan.log2Radix[i];
         if (n > 1)
-            table.factors -= sizeOfFactors<R, W>(n * ((1 << log2Radix) - 1));
+            table.factors -= sizeOfFactors<W>(n * ((1 << log2Radix) - 1));
         n <<= log2Radix;
         s >>= log2Radix;
         if (i == 0)
@@ -245,27 +245,33 @@ ARK_INLINE void emptyTile(const Tile<R, W>& tile, Target target, std::ptrdiff_t 
     }
 }
 
-// The same without a tile where the registers hold W rows, whose transposition makes the transform over the lanes a
-// butterfly.
-template <int W>
-constexpr bool fitsRegisters = W <= 4;
+// Where registers hold W rows, their transposition makes the transform over the lanes a butterfly.
+template <class R, int W>
+ARK_INLINE void turnedButterfly(Cplx<Reg<R, W>> (&x)[W], R eighth)
+{
+    Cplx<Reg<R, W>> turned[W];
+    ARK_UNROLL
+    for (int lane = 0; lane < W; lane++)
+        turned[lane] = x[lane];
+    transpose(turned);
+    ARK_UNROLL
+    for (int lane = 0; lane < W; lane++)
+        x[elementOf<int(16 / sizeof(R))>(lane, W)] = turned[lane];
+    butterfly(x, eighth);
+}
+
+// The same as by a tile.
 template <class R, int W, class RowAt, class Target>
 ARK_INLINE void lanesInRegisters(RowAt row, Target target, std::ptrdiff_t k0, std::ptrdiff_t M, const R* table,
                                  R eighth)
 {
-    using V = Reg<R, W>;
-    constexpr int P = placesOf<V>;
-    Cplx<V> turned[W], x[W];
+    Cplx<Reg<R, W>> x[W];
     ARK_UNROLL
     for (int lane = 0; lane < W; lane++) {
-        const int i = elementOf<P>(lane, W);
-        turned[lane] = row(i) * getRow<R, W>(table + i * 2 * W);
+        const int i = elementOf<int(16 / sizeof(R))>(lane, W);
+        x[lane] = row(i) * getRow<R, W>(table + i * 2 * W);
     }
-    transpose(turned);
-    ARK_UNROLL
-    for (int lane = 0; lane < W; lane++)
-        x[elementOf<P>(lane, W)] = turned[lane];
-    butterfly(x, eighth);
+    turnedButterfly<R, W>(x, eighth);
     ARK_UNROLL
     for (int q = 0; q < W; q++)
         target(k0 + M * q, x[q]);
@@ -279,7 +285,7 @@ void lanesToNatural(const R* rows, Target target, std::ptrdiff_t M, const R* tab
     const InnerSource<R, W> source{rows};
     std::ptrdiff_t place = 0;
     const auto row = [&](int i) ARK_INLINED { return source(place + reversed(i, W) * (M / W)); };
-    if constexpr (fitsRegisters<W>) {
+    if constexpr (fitRegisters(W)) {
         for (std::ptrdiff_t k0 = 0; k0 < M; k0 += W, place = nextReversed(place, M / W))
             lanesInRegisters<R, W>(row, target, k0, M, table + k0 * 2 * W, constants.eighth);
     } else {
@@ -380,26 +386,21 @@ ARK_INLINE void transformLanes(Cplx<Reg<R, W>> (&x)[count], LaneConstants<R, W> 
 template <class R, int W, int count, class Target, class RowNumber>
 ARK_INLINE void lanesToReversed(Row<R, W> (&x)[count], Target target, RowNumber row, LaneConstants<R, W> constants)
 {
-    if constexpr (W > 1 && fitsRegisters<W>) {
-        constexpr int P = int(16 / sizeof(R));
+    if constexpr (W > 1 && fitRegisters(W)) {
         ARK_UNROLL
         for (int first = 0; first < count; first += W) {
-            Row<R, W> turned[W], y[W];
+            Row<R, W> y[W], inOrder[W];
             std::ptrdiff_t rows[W];
             ARK_UNROLL
             for (int i = 0; i < W; i++) {
-                turned[i] = x[first + i];
+                y[i] = x[first + i];
                 rows[i] = row(first + i);
             }
-            transpose(turned);
-            ARK_UNROLL
-            for (int i = 0; i < W; i++)
-                y[elementOf<P>(i, W)] = turned[i];
-            butterfly(y, constants.eighth);
+            turnedButterfly<R, W>(y, constants.eighth);
             ARK_UNROLL
             for (int q = 0; q < W; q++)
-                turned[q] = y[reversed(q, W)];
-            target.putTurned(rows, turned);
+                inOrder[q] = y[reversed(q, W)];
+            target.putTurned(rows, inOrder);
         }
     } else {
         if constexpr (W > 1)
@@ -412,7 +413,7 @@ ARK_INLINE void lanesToReversed(Row<R, W> (&x)[count], Target target, RowNumber 
 template <class R, int W, int count, class Source, class RowNumber>
 ARK_INLINE void lanesFromReversed(Source source, RowNumber row, Row<R, W> (&x)[count], LaneConstants<R, W> constants)
 {
-    if constexpr (W > 1 && fitsRegisters<W>) {
+    if constexpr (W > 1 && fitRegisters(W)) {
         constexpr int P = int(16 / sizeof(R));
         ARK_UNROLL
         for (int first = 0; first < count; first += W) {
@@ -518,7 +519,7 @@ void fewTiles(const Job<R>& job)
         for (int k0 = 0; k0 < M; k0 += W) {
             const auto row = [&](int i) ARK_INLINED { return x[k0 + i]; };
             const R* const factors = job.table + job.head().lanes + k0 * 2 * W;
-            if constexpr (fitsRegisters<W>) {
+            if constexpr (fitRegisters(W)) {
                 lanesInRegisters<R, W>(row, target, k0, M, factors, constants.eighth);
             } else {
                 Tile<R, W> tile;
@@ -532,8 +533,9 @@ void fewTiles(const Job<R>& job)
 template <class C, class R, int N>
 ARK_INLINE void scaleAll(C (&x)[N], R scale)
 {
-    if (scale != 1)
-        ARK_UNROLL
+    if (scale == 1)
+        return;
+    ARK_UNROLL
     for (int i = 0; i < N; i++)
         x[i] = scaledBy(x[i], scale);
 }
@@ -635,10 +637,11 @@ ARK_INLINE void rowsThenLanes(Source source, Target target, std::ptrdiff_t M, co
         for (int t = 0; t < radix; t++)
             x[t] = source(row + t);
         butterfly(x, constants.eighth);
-        if constexpr (W > 1)
+        if constexpr (W > 1) {
             ARK_UNROLL
-        for (int j = 0; j < radix; j++)
-            x[j] = x[j] * getRow<R, W>(factors + (next + j * (M / radix)) * 2 * W);
+            for (int j = 0; j < radix; j++)
+                x[j] = x[j] * getRow<R, W>(factors + (next + j * (M / radix)) * 2 * W);
+        }
         lanesToReversed<R, W>(
             x, target, [row](int j) ARK_INLINED { return row + reversed(j, radix); }, constants);
     }
@@ -651,10 +654,11 @@ ARK_INLINE void lanesThenRows(Source source, Target target, std::ptrdiff_t M, co
         Row<R, W> x[radix];
         lanesFromReversed<R, W>(
             source, [row](int j) ARK_INLINED { return row + reversed(j, radix); }, x, constants);
-        if constexpr (W > 1)
+        if constexpr (W > 1) {
             ARK_UNROLL
-        for (int j = 0; j < radix; j++)
-            x[j] = x[j] * getRow<R, W>(factors + (next + j * (M / radix)) * 2 * W);
+            for (int j = 0; j < radix; j++)
+                x[j] = x[j] * getRow<R, W>(factors + (next + j * (M / radix)) * 2 * W);
+        }
         butterfly(x, constants.eighth);
         ARK_UNROLL
         for (int t = 0; t < radix; t++)
@@ -740,12 +744,13 @@ template <class R, int W, class Source, class Target>
 ARK_INLINE void multiplyRows(Source source, Target target, std::ptrdiff_t count, MatrixFactors<R, W> factors,
                              std::ptrdiff_t c)
 {
-    for (std::ptrdiff_t row = 0, next = 0; row < count; row += 4, next = nextReversed(next, count / 4))
+    for (std::ptrdiff_t row = 0, next = 0; row < count; row += 4, next = nextReversed(next, count / 4)) {
         ARK_UNROLL
-    for (int i = 0; i < 4; i++)
-        for (std::ptrdiff_t column = 0; column < columnsAtATime<R, W>; column++)
-            target.beside(column)(row + i, factors.times(source.beside(column)(row + i),
-                                                         next + reversed(i, 4) * (count / 4), c + column * W));
+        for (int i = 0; i < 4; i++)
+            for (std::ptrdiff_t column = 0; column < columnsAtATime<R>(W); column++)
+                target.beside(column)(row + i, factors.times(source.beside(column)(row + i),
+                                                             next + reversed(i, 4) * (count / 4), c + column * W));
+    }
 }
 
 // With N = N1 N2, n = N2 n1 + n2 and k = k1 + N1 k2: the columns, over n1; the factors w_N^(n2 k1); a transposition
@@ -754,28 +759,28 @@ template <class R, int W, Form form>
 void matrixToNatural(const Job<R>& job)
 {
     constexpr int P = int(16 / sizeof(R));
-    constexpr std::ptrdiff_t columns = columnsAtATime<R, W>;
+    constexpr std::ptrdiff_t columns = columnsAtATime<R>(W);
     const Head<R>& head = job.head();
     const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
-    R* const turned = job.scratch; // [k1 / W][n2][2 W]
-    R* const rows = job.scratch + 2 * N1 * N2;
+    const std::ptrdiff_t turnedSize = columnSize<R>(W, N2);
+    R* const turned = job.scratch; // [k1 / W], of that size each: [n2][2 W]
+    R* const rows = turned + N1 / W * turnedSize;
     const MatrixFactors<R, W> factors(job);
     // W rows at k0 of the W columns at c.
-    const auto turn = [&](InnerSource<R, W> source, std::ptrdiff_t c, std::ptrdiff_t k0, std::ptrdiff_t place)
-                          ARK_INLINED {
-                              Row<R, W> x[W];
-                              ARK_UNROLL
-                              for (int lane = 0; lane < W; lane++) {
-                                  const int i = elementOf<P>(lane, W);
-                                  x[lane] = factors.times(source(place + reversed(i, W) * (N1 / W)), k0 + i, c);
-                              }
-                              transpose(x);
-                              R* const to = turned + (k0 * N2 + c * W) * 2;
-                              ARK_UNROLL
-                              for (int lane = 0; lane < W; lane++)
-                                  putRow<R, W>(to + elementOf<P>(lane, W) * 2 * W, x[lane]);
-                          };
-    const InnerTarget<R, W> block{rows, columnSize<R, W>(N1)};
+    const auto turn = [&](auto source, std::ptrdiff_t c, std::ptrdiff_t k0, std::ptrdiff_t place) ARK_INLINED {
+        Row<R, W> x[W];
+        ARK_UNROLL
+        for (int lane = 0; lane < W; lane++) {
+            const int i = elementOf<P>(lane, W);
+            x[lane] = factors.times(source(place + reversed(i, W) * (N1 / W)), k0 + i, c);
+        }
+        transpose(x);
+        R* const to = turned + k0 / W * turnedSize + c * 2 * W;
+        ARK_UNROLL
+        for (int lane = 0; lane < W; lane++)
+            putRow<R, W>(to + elementOf<P>(lane, W) * 2 * W, x[lane]);
+    };
+    const InnerTarget<R, W> block{rows, columnSize<R>(W, N1)};
     for (std::ptrdiff_t c = 0; c < N2; c += columns * W) {
         transformRowsToReversed<R, W, columns>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2},
                                                block, head.rowsTable(job.table));
@@ -793,8 +798,8 @@ void matrixToNatural(const Job<R>& job)
         }
     }
     for (std::ptrdiff_t k0 = 0; k0 < N1; k0 += columns * W) {
-        R* const row = turned + k0 * N2 * 2;
-        const InnerSource<R, W> from{row, N2 * 2 * W};
+        R* const row = turned + k0 / W * turnedSize;
+        const InnerSource<R, W> from{row, turnedSize};
         transformRowsToReversed<R, W, columns>(head.restPlan, head.restPlan.passes - 1, from,
                                                InnerTarget<R, W>{row, from.distance}, head.restRowsTable(job.table));
         withTarget<R, W, form>(job.dst, k0, N1, job.scale, [&](auto target) {
@@ -812,9 +817,9 @@ void matrixToReversed(const Job<R>& job)
     const Head<R>& head = job.head();
     const std::ptrdiff_t N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
     R* const rows = job.scratch;
-    const InnerSource<R, W> source{rows, columnSize<R, W>(N1)};
+    const InnerSource<R, W> source{rows, columnSize<R>(W, N1)};
     const MatrixFactors<R, W> factors(job);
-    constexpr std::ptrdiff_t columns = columnsAtATime<R, W>;
+    constexpr std::ptrdiff_t columns = columnsAtATime<R>(W);
     for (std::ptrdiff_t c = 0; c < N2; c += columns * W) {
         transformRowsToReversed<R, W, columns>(head.plan, head.plan.passes, OuterSource<R, W, form>{job.src, c, N2},
                                                InnerTarget<R, W>{rows, source.distance}, head.rowsTable(job.table));
@@ -835,9 +840,9 @@ void matrixFromReversed(const Job<R>& job)
     for (std::ptrdiff_t row = 0; row < N1; row++)
         shortFromReversedFrom<R, W, form>({job.src, job.dst, job.table + head.inner, job.scratch, 1}, row * N2);
     R* const rows = job.scratch;
-    const InnerTarget<R, W> inner{rows, columnSize<R, W>(N1)};
+    const InnerTarget<R, W> inner{rows, columnSize<R>(W, N1)};
     const MatrixFactors<R, W> factors(job);
-    constexpr std::ptrdiff_t columns = columnsAtATime<R, W>;
+    constexpr std::ptrdiff_t columns = columnsAtATime<R>(W);
     for (std::ptrdiff_t c = 0; c < N2; c += columns * W) {
         const OuterSource<R, W, form> source{{job.dst.re, job.dst.im}, c, N2};
         multiplyRows(source, inner, N1, factors, c);

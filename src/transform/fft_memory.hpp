@@ -27,7 +27,6 @@ template <class R, int W, Form form>
 struct Outside {
     using V = Reg<R, W>;
     static constexpr int P = placesOf<V>;
-    static constexpr std::ptrdiff_t perElement = form == separateParts ? 1 : 2;
 
     static ARK_INLINE Cplx<V> load(FftVector<const R> from, std::ptrdiff_t element)
     {

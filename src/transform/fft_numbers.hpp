@@ -93,7 +93,8 @@ constexpr int oddBlocks(int lane, int lanes)
     return evenBlocks<P>(lane, lanes) + P;
 }
 
-// The order of lanes (see the top of the file): the element that a lane holds, and the lane that holds an element.
+// The order of lanes (see the top of fft_kernels.cpp): the element that a lane holds, and the lane that holds an
+// element.
 template <int P>
 constexpr int elementOf(int lane, int lanes)
 {

@@ -1,6 +1,7 @@
 // The tables of the complex FFT of one order: how its passes go, their factors, and where each stands.
 #pragma once
 
+#include "frame/types.hpp"
 #include "transform/fft_memory.hpp"
 
 namespace ark::ARK_SET {
@@ -34,22 +35,18 @@ struct Plan {
 
 // The factors of all passes but the last: both parts, in SSE2 as often as a register has lanes, since nothing loads
 // copies of a number there; of pairs as PairFactor has them.
-template <class R>
-constexpr int copiesOfParts(int W)
-{
-    return W == 1 ? 2 : ARK_AVX2 || ARK_AVX512 ? 1 : W;
-}
-template <class R, int W>
+constexpr int copiesOfParts(int W) { return W == 1 ? 2 : ARK_AVX2 || ARK_AVX512 ? 1 : W; }
+template <int W>
 constexpr std::ptrdiff_t sizeOfFactors(std::ptrdiff_t count)
 {
-    return count * 2 * copiesOfParts<R>(W);
+    return count * 2 * copiesOfParts(W);
 }
 template <class R, int W>
 ARK_INLINE auto getFactor(const R* w)
 {
     if constexpr (W == 1)
         return PairFactor<R>{getAligned<R, 2>(w), getAligned<R, 2>(w + 2)};
-    else if constexpr (copiesOfParts<R>(W) == W)
+    else if constexpr (copiesOfParts(W) == W)
         return getRow<R, W>(w);
     else
         return Cplx<Reg<R, W>>{w[0] - Reg<R, W>{}, w[1] - Reg<R, W>{}};
@@ -57,7 +54,7 @@ ARK_INLINE auto getFactor(const R* w)
 template <class R>
 R* putFactor(R* w, int W, R re, R im)
 {
-    const int copies = copiesOfParts<R>(W);
+    const int copies = copiesOfParts(W);
     for (int i = 0; i < copies; i++) {
         w[i] = re;
         w[copies + i] = W == 1 && i == 0 ? -im : im;
@@ -72,11 +69,14 @@ struct RowsTable {
     R eighth;
 };
 
-// The constants of a register's own transform, in the table: the factors of the radix-2 step of fillTile, then those
-// between the upper and the lower stages of transformLanes, which only registers of 8 and 16 lanes need.
+// Whether registers hold W rows at once.
+constexpr bool fitRegisters(int W) { return W <= 4; }
+
+// The constants of a register's own transform. In the table, unless W rows fit registers: the factors of the radix-2
+// step of fillTile, then those between the upper and the lower stages of transformLanes.
 template <class R, int W>
 struct LaneConstants {
-    static constexpr int halfFactors = int(8 / sizeof(R)), size = (halfFactors + 1) * 2 * W;
+    static constexpr int halfFactors = int(8 / sizeof(R));
     const R* table;
     R eighth;
     ARK_INLINE Cplx<Reg<R, W>> half(int p) const { return getRow<R, W>(table + p * 2 * W); }
@@ -119,18 +119,6 @@ Root<Fine> rootOf(std::size_t a, int order)
     return r;
 }
 
-// What a product is formed in that is to be rounded to R once.
-template <class R>
-struct WiderThan;
-template <>
-struct WiderThan<float> {
-    using Type = double;
-};
-template <>
-struct WiderThan<double> {
-    using Type = long double;
-};
-
 // All roots of one order, each as the product of two that were computed on their own; those at odd eighths of the
 // circle have the parts that the transform wants there.
 template <class R>
@@ -158,7 +146,7 @@ public:
     }
 
 private:
-    using Fine = typename WiderThan<R>::Type;
+    using Fine = typename Wider<R>::Type;
 
     int fineBits_;
     std::size_t eighthAt_; // or beyond all, where there is none
@@ -200,13 +188,16 @@ inline constexpr int longestFewPairs = 5;
 inline constexpr int matrixFrom = 20;
 
 // The registers of columns that are read and written together: as many as two cache lines hold.
-template <class R, int W>
-constexpr std::ptrdiff_t columnsAtATime = std::ptrdiff_t(64 / (W * sizeof(R)));
+template <class R>
+constexpr std::ptrdiff_t columnsAtATime(std::ptrdiff_t W)
+{
+    return std::ptrdiff_t(64 / sizeof(R)) / W;
+}
 
-// From one of these columns to the next in the scratch: many columns share few lines of the cache if that is a power of
-// two.
-template <class R, int W>
-constexpr std::ptrdiff_t columnSize(std::ptrdiff_t rows)
+// From one column of rows of a matrix to the next in the scratch. There are many columns of pairs, and at a power of
+// two they would share few lines of the cache.
+template <class R>
+constexpr std::ptrdiff_t columnSize(std::ptrdiff_t W, std::ptrdiff_t rows)
 {
     return rows * 2 * W + (W == 1 ? std::ptrdiff_t(64 / sizeof(R)) : 0);
 }
@@ -237,7 +228,7 @@ struct Head {
             end = begin + count;
             return begin;
         };
-        const std::ptrdiff_t W = head.W, factor = 2 * copiesOfParts<R>(head.W);
+        const std::ptrdiff_t W = head.W, factor = 2 * copiesOfParts(head.W);
         if (head.isAlone()) {
             // nothing but the head
         } else if (order < matrixFrom) {
@@ -245,7 +236,7 @@ struct Head {
             head.rows = add(head.plan.factors * factor);
             if (W > 1) {
                 head.lanes = add(std::ptrdiff_t{2} << order);
-                head.constants = add((std::ptrdiff_t(8 / sizeof(R)) + 1) * 2 * W);
+                head.constants = add(fitRegisters(head.W) ? 0 : (std::ptrdiff_t(8 / sizeof(R)) + 1) * 2 * W);
             }
         } else {
             head.plan = Plan::of(order - order / 2, head.W);
@@ -277,6 +268,8 @@ void fillShortTable(const Head<R>& head, R* table)
     for (std::size_t k = 0; k < std::size_t{1} << head.plan.m; k++, at += 2 * W)
         for (int lane = 0; lane < W; lane++)
             roots.get(k * element(lane), at[lane], at[W + lane]);
+    if (fitRegisters(W))
+        return;
     // LaneConstants: powers of w_W, in the steps of this order's roots.
     at = table + head.constants;
     const std::size_t unit = std::size_t{1} << head.plan.m;
@@ -285,15 +278,15 @@ void fillShortTable(const Head<R>& head, R* table)
             roots.get(unit * std::size_t(lane / P * (P / 2) + p), at[lane], at[W + lane]);
     for (int lane = 0; lane < W; lane++) {
         // w_W^(u1 e0) w_(W/2)^(u2 e0), u1 and u2 the upper bits of the element and e0 the others
-        const std::size_t e = element(lane), quarter = std::size_t(W) / 4, e0 = quarter > 1 ? e % quarter : 0;
-        roots.get(e0 == 0 ? 0 : unit * e0 * (e / (2 * quarter) + e / quarter % 2 * 2), at[lane], at[W + lane]);
+        const std::size_t e = element(lane), quarter = std::size_t(W) / 4;
+        roots.get(unit * (e % quarter) * (e / (2 * quarter) + e / quarter % 2 * 2), at[lane], at[W + lane]);
     }
 }
 
 template <class R>
 void fillMatrixTable(const Head<R>& head, R* table)
 {
-    using Fine = typename WiderThan<R>::Type;
+    using Fine = typename Wider<R>::Type;
     fillRowsTable(head.plan, head.W, table + head.rows, head.eighth);
     fillRowsTable(head.restPlan, head.W, table + head.restRows, head.eighth);
     R *powers = table + head.powers, *fine = table + head.fine, *coarse = table + head.coarse;
@@ -348,10 +341,13 @@ template <class R>
 std::size_t scratchSize(int order)
 {
     const Head<R> head = headFor<R>(order);
-    const std::size_t whole = head.isAlone() ? 0 : std::size_t{2} << order;
-    const std::size_t lines = std::size_t(columnsAtATime<R, 1>) * (64 / sizeof(R));
-    const std::size_t columns = std::size_t(2 * columnsAtATime<R, 1>) << head.plan.m;
-    return order < matrixFrom ? whole : whole + columns + lines;
+    if (head.isAlone())
+        return 0;
+    if (order < matrixFrom)
+        return std::size_t{2} << order;
+    // Of a matrix: all rows turned, and the columns that are transformed together.
+    const std::ptrdiff_t W = head.W, N1 = std::ptrdiff_t{1} << head.plan.m, N2 = std::ptrdiff_t{1} << head.restPlan.m;
+    return std::size_t(N1 / W * columnSize<R>(W, N2) + columnsAtATime<R>(W) * columnSize<R>(W, N1));
 }
 
 } // namespace

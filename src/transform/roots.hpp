@@ -1,22 +1,12 @@
 // Roots of unity for tables that the library keeps for itself: accurate and quick.
 #pragma once
 
+#include "frame/types.hpp"
+
 #include <cmath>
 #include <cstddef>
 
 namespace ark {
-
-// What is rounded to R once.
-template <class R>
-struct Wider;
-template <>
-struct Wider<float> {
-    using Type = double;
-};
-template <>
-struct Wider<double> {
-    using Type = long double;
-};
 
 template <class Wide>
 struct Root {
