@@ -291,9 +291,10 @@ ARK_INLINE void butterfly(C (&x)[8], R eighth)
     C even[4] = {x[0] + x[4], x[1] + x[5], x[2] + x[6], x[3] + x[7]};
     const C d0 = x[0] - x[4], d1 = x[1] - x[5], d2 = x[2] - x[6], d3 = x[3] - x[7];
     butterfly(even, eighth);
-    // The odd results: the differences times w_8^n.
-    C odd[4] = {d0, timesEighth(d1, eighth), timesMinusI(d2), timesThreeEighths(d3, eighth)};
-    butterfly(odd, eighth);
+    // The odd results: the differences d_n times w_8^n, whose first and last share the square root of one half.
+    const C turned = timesMinusI(d1 + d3), s02 = d0 + timesMinusI(d2), d02 = d0 - timesMinusI(d2);
+    const C s13 = scaledBy(turned + (d1 - d3), eighth), d13 = scaledBy(turned - (d1 - d3), eighth);
+    const C odd[4] = {s02 + s13, d02 + d13, s02 - s13, d02 - d13};
     ARK_UNROLL
     for (int i = 0; i < 4; i++) {
         x[2 * i] = even[i];
