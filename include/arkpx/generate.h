@@ -10,13 +10,13 @@ extern "C" {
 
 /* What all generators have in common. The caller owns a state record; Init fills it completely and may be called again
  * at any time, which starts anew. Every further call continues where the last one ended: n calls of the member for one
- * sample and one call of the block member for n samples give the same samples, mixed in any way (the tones say where
- * this is not so). A record belongs to one thread at a time; different records are independent.
+ * sample and one call of the block member for n samples give the same samples, mixed in any way (tones and triangle
+ * waves say where this is not so). A record belongs to one thread at a time; different records are independent.
  *
  * All operations of this header return at the first failed check and do not look at the thread's status: an earlier
  * failure elsewhere never silences a generator. Every report is ARK_StatusBadArgument. After one the record and the
  * output are untouched and members that return a sample return 0. A NaN passes the checks of values and comes out as
- * NaN samples, as 0 from the 16-bit members.
+ * NaN samples, as 0 from the 16-bit members; in a triangle wave a frequency does so from the second sample on.
  */
 
 /* ---------------------------------------------------------------------------------------------------------------
@@ -36,7 +36,7 @@ extern "C" {
  * double tone of magnitude 1 after 10^6 samples, measured over many phases, the same for blocks of any length and for
  * single samples:
  *   rFreq   10^-6   10^-5   10^-4   10^-3   0.01    0.1       0.25      0.4       0.49 ... 0.4998
- *   drift   8e-6    9e-7    9e-8    9e-9    9e-10   1.4e-10   1.7e-10   3.9e-10   2e-8
+ *   drift   8e-6    9e-7    9e-8    9e-9    9e-10   1.4e-10   1.7e-10   3.9e-10   4e-8
  * A float tone adds the rounding of its samples. The cause is that w and 2 cos(w) are rounded to double once, which puts
  * the frequency off by up to 5.6e-17 / sin(w) + 2e-16 w radians per sample. Tones below about 2e-9 cycles per sample,
  * whose cosine rounds to 1, do not turn: they continue in a straight line.
@@ -150,11 +150,11 @@ ARKPX_API void arkvbTone(ArkwToneState* statePtr, ShortCplx* samps, int sampsLen
  * the falling part is the longer one. mag >= 0. sampsLen: samples, >= 1.
  *
  * The running value is kept in the family's own precision and changes by one step a sample; a line that passes a bound
- * is reflected there, or, where it would pass the other bound too, set back by a whole period. A block adds many steps
- * at once on a long line, tests only the bound ahead and reflects by another formula than a single sample: they agree to
- * rounding. 16-bit members compute as s and c do and round to nearest, ties to even. Rounding adds up: after 10^6 single
- * samples a double wave of magnitude 1 is off by 10^-13 to 10^-9, a float wave by up to a few hundredths, and by tenths
- * where asym is near its bounds.
+ * is reflected there, or, where it would pass the other bound too, set back by a whole period. However a signal is cut
+ * into blocks, its samples are the same; a block tests only the bound ahead and reflects by another formula than a
+ * single sample, so that the two agree to rounding. 16-bit members compute as s and c do and round to nearest, ties to
+ * even. Rounding adds up: after 10^6 samples a double wave of magnitude 1 is off by 10^-13 to 10^-8, a float wave by up
+ * to a tenth, and, where asym is near its bounds, on the steep side by its whole height.
  *
  * Reports, in this order.
  *   Init          "Invalid magnitude value", "Invalid frequence value", "Invalid phase value",

@@ -7,7 +7,6 @@
 
 #include <arkpx/generate.h>
 
-#include <algorithm>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -95,14 +94,17 @@ auto nextOfTriangle(const State& state, typename TriangleParts<State>::Real& ste
     return sample;
 }
 
-// A sample as the 16-bit members give it: rounded to nearest, ties to even, low 16 bits.
-template <class To, class Real>
+// A sample as the 16-bit members give it: rounded to nearest, ties to even, low 16 bits. Where magnitudes are small
+// (below 2^22), adding 1.5 2^23 leaves the integer there.
+template <class To, bool isSmall, class Real>
 To triangleSample(Real value)
 {
-    if constexpr (sizeof(To) == sizeof(short))
-        return wrapped(wide(value));
-    else
+    if constexpr (sizeof(To) != sizeof(short))
         return value;
+    else if constexpr (isSmall)
+        return wrapped(std::bit_cast<std::int32_t>(value + 0x1.8p23f));
+    else
+        return wrapped(wide(value));
 }
 
 template <class T, class State>
@@ -113,64 +115,55 @@ T trngl(Where at, State* state)
     using Parts = TriangleParts<State>;
     T sample;
     for (int part = 0; part < Parts::count; part++)
-        partsOf(&sample)[part] =
-            triangleSample<Real<T>>(nextOfTriangle(*state, Parts::step(*state, part), Parts::value(*state, part)));
+        partsOf(&sample)[part] = triangleSample<Real<T>, false>(
+            nextOfTriangle(*state, Parts::step(*state, part), Parts::value(*state, part)));
     return sample;
 }
 
-// Straight stretches from this length on are computed as value + j step, which does not wait for the sample before.
-inline constexpr int stretchPays = 8;
+// One part in a block: in each direction only the bound ahead is tested. Sample after sample, since every sum is
+// rounded: what is left in the record must not depend on how a signal is cut into blocks.
+template <class State>
+struct TriangleInBlock {
+    using Real = typename TriangleParts<State>::Real;
+    Real step, value;
+    bool rising;
 
-// As triangleSample, for magnitudes below 2^22, in operations that a vector unit has: adding 1.5 2^23 leaves the
-// integer in the low bits.
-template <class To, class Real>
-To stretchSample(Real value)
-{
-    if constexpr (sizeof(To) == sizeof(short))
-        return short(std::uint16_t(std::bit_cast<std::uint32_t>(value + 12582912.0f)));
-    else
-        return value;
-}
-
-// The n samples of one part, stride apart: in each direction only the bound ahead is tested.
-template <int stride, class To, class State, class Real>
-void triangleBlock(const State& record, Real& stepOfPart, Real& valueOfPart, To* samps, int n)
-{
-    const State state = record;
-    const Real mag = state.mag;
-    Real step = stepOfPart, value = valueOfPart;
-    bool rising = step > 0;
-    while (n > 0) {
-        const Real stretch = ((rising ? mag : -mag) - value) / step; // steps to the bound
-        if (n > stretchPays && stretch > stretchPays && (sizeof(To) != sizeof(short) || mag <= 32768)) {
-            // Up to the last sample but one before the bound.
-            const int count = stretch < Real(n) ? std::min(int(stretch) - 1, n) : n;
-            for (int j = 0; j < count; j++)
-                samps[std::ptrdiff_t{j} * stride] = stretchSample<To>(value + Real(j) * step);
-            value += Real(count) * step;
-            samps += std::ptrdiff_t{count} * stride;
-            n -= count;
-            continue;
+    Real next(const State& state)
+    {
+        const Real sample = value, v = value + step;
+        value = v;
+        if (rising && v > state.mag) {
+            const Real t = state.topRatio * v + state.topOffset;
+            rising = t < -state.mag;
+            value = rising ? v - state.upWrap : t;
+            step = rising ? step : state.downStep;
+        } else if (!rising && v < -state.mag) {
+            const Real t = state.bottomRatio * v + state.bottomOffset;
+            rising = !(t > state.mag);
+            value = rising ? t : v + state.downWrap;
+            step = rising ? state.upStep : step;
         }
-        for (int left = std::min(n, stretchPays); left > 0; left--, n--) {
-            *samps = triangleSample<To>(value);
-            samps += stride;
-            value += step;
-            if (rising && value > mag) {
-                const Real t = state.topRatio * value + state.topOffset;
-                rising = t < -mag;
-                value = rising ? value - state.upWrap : t;
-                step = rising ? step : state.downStep;
-            } else if (!rising && value < -mag) {
-                const Real t = state.bottomRatio * value + state.bottomOffset;
-                rising = !(t > mag);
-                value = rising ? t : value + state.downWrap;
-                step = rising ? state.upStep : step;
-            }
-        }
+        return sample;
     }
-    stepOfPart = step;
-    valueOfPart = value;
+};
+
+template <bool isSmall, class State, class T>
+void triangleBlock(State& record, T* samps, std::ptrdiff_t n)
+{
+    using Parts = TriangleParts<State>;
+    const State state = record;
+    TriangleInBlock<State> inBlock[Parts::count];
+    for (int part = 0; part < Parts::count; part++) {
+        const auto step = Parts::step(record, part);
+        inBlock[part] = {step, Parts::value(record, part), step > 0};
+    }
+    for (std::ptrdiff_t i = 0; i < n; i++)
+        for (int part = 0; part < Parts::count; part++)
+            partsOf(samps + i)[part] = triangleSample<Real<T>, isSmall>(inBlock[part].next(state));
+    for (int part = 0; part < Parts::count; part++) {
+        Parts::step(record, part) = inBlock[part].step;
+        Parts::value(record, part) = inBlock[part].value;
+    }
 }
 
 template <class State, class T>
@@ -180,10 +173,7 @@ void trnglBlock(Where at, State* state, T* samps, int sampsLen)
                         {!samps, "Null pointer to buffer"},
                         {sampsLen < 1, "Invalid number of items"}}))
         return;
-    using Parts = TriangleParts<State>;
-    for (int part = 0; part < Parts::count; part++)
-        triangleBlock<Parts::count>(*state, Parts::step(*state, part), Parts::value(*state, part),
-                                    partsOf(samps) + part, sampsLen);
+    state->mag <= 0x1p21 ? triangleBlock<true>(*state, samps, sampsLen) : triangleBlock<false>(*state, samps, sampsLen);
 }
 
 } // namespace ark
