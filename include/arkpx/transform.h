@@ -343,7 +343,7 @@ ARKPX_API void arkvDft(const ShortCplx* inSamps, ShortCplx* outSamps, int length
 /* ---------------------------------------------------------------------------------------------------------------
  * Goertzel: one frequency of a signal, sample by sample
  *
- *   s[n] = 2 cos(2 pi freq) s[n-1] + (x[n] - s[n-2])        s[-1] = s[-2] = 0
+ *   s[n] = 2 cos(2 pi freq) s[n-1] - s[n-2] + x[n]        s[-1] = s[-2] = 0
  *   the coefficient after sample n = e^(2 pi i freq) s[n] - s[n-1]
  *
  * freq is in cycles per sample, 0 < freq < 0.5. After N samples with freq N a whole number m, the coefficient is element m
@@ -374,7 +374,7 @@ ARKPX_API void arkvDft(const ShortCplx* inSamps, ShortCplx* outSamps, int length
  * --------------------------------------------------------------------------------------------------------------- */
 typedef struct ArksGoertzState {
     float freq; /* cycles per sample */
-    float cosW; /* cos(2 pi freq), sin(2 pi freq), 2 cos(2 pi freq) */
+    float cosW; /* cos(2 pi freq), sin(2 pi freq), 2 cos(2 pi freq), with 2 pi as a double */
     float sinW;
     float coef;
     FloatCplx s2; /* s[n-1] */

@@ -64,7 +64,8 @@ inline void fillChirp(int N, const Workspace<double>& space, double* table)
         space.fft, space.scratch, 1);
 }
 
-// Forward, of the first N elements of z, which has 2^chirpOrder(N).
+// Forward, of the first N elements of z, which has 2^chirpOrder(N). The first result is their plain sum, which is exact
+// where a sum of doubles is.
 inline void chirpDft(DoubleCplx* z, int N, const double* table, const Workspace<double>& space)
 {
     const int order = chirpOrder(N);
@@ -73,12 +74,16 @@ inline void chirpDft(DoubleCplx* z, int N, const double* table, const Workspace<
     const auto mpy = kernels<ArithKernels<DoubleCplx>>().mpy;
     const auto& fft = kernels<FftKernels<double>>().transform[interleaved];
     const auto in = pairsIn(static_cast<const DoubleCplx*>(z));
+    DoubleCplx sum{};
+    for (std::ptrdiff_t n = 0; n < N; n++)
+        sum = {sum.re + z[n].re, sum.im + z[n].im};
     mpy(z, chirp, z, N);
     std::memset(z + N, 0, std::size_t(M - N) * sizeof *z);
     fft[bitReversedOutput].forward(in, pairsIn(z), order, space.fft, space.scratch, 1);
     mpy(z, chirp + N, z, M);
     fft[bitReversedInput].inverse(in, pairsIn(z), order, space.fft, space.scratch, 1);
     mpy(z, chirp, z, N);
+    z[0] = sum;
 }
 
 } // namespace ark

@@ -42,19 +42,18 @@ void goertzelInit(Where at, R freq, GoertzelState<R>* state)
 {
     if (!firstGood(at, {{!state, nullGoertzState}, {!(freq > 0 && freq < R(0.5)), "Invalid frequency value"}}))
         return;
-    const long double w = 2 * 3.14159265358979323846264338327950288L * freq;
+    const long double w = 6.283185307179586 * static_cast<long double>(freq);
     *state = {freq, R(std::cos(w)), R(std::sin(w)), R(2 * std::cos(w)), {}, {}};
 }
 
-// One part of the recurrence. Rounded at every sample, so that blocks and single samples agree to the bit. The sample
-// less the older value first: it does not wait for the newer one.
+// One part of the recurrence. Rounded at every sample, so that blocks and single samples agree to the bit.
 template <class R>
 struct GoertzelPart {
     R s2, s1;
 
     void feed(double coef, double x)
     {
-        const double s = coef * double(s1) + (x - double(s2));
+        const double s = coef * double(s1) - double(s2) + x;
         s2 = s1;
         s1 = R(s);
     }

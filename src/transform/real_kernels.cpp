@@ -96,13 +96,13 @@ void separate(const R* __restrict re, const R* __restrict im, R* __restrict x, R
 {
     x[0] = 2 * factor * re[0];
     y[0] = 2 * factor * im[0];
-    x[1] = y[1] = 0;
     for (std::ptrdiff_t k = 1; k <= n / 2; k++) {
         x[2 * k] = factor * (re[k] + re[n - k]);
         x[2 * k + 1] = factor * (im[k] - im[n - k]);
         y[2 * k] = factor * (im[k] + im[n - k]);
         y[2 * k + 1] = factor * (re[n - k] - re[k]);
     }
+    x[1] = y[1] = x[n + 1] = y[n + 1] = 0;
 }
 
 template <class R>

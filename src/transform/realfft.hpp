@@ -45,14 +45,17 @@ template <class R, int N>
 [[gnu::always_inline]] inline void spectrumToFew(const R* src, R* dst, SpectrumLayout layout, int flags, R scale)
 {
     HalfSpectrum<R, N> spectrum;
-    const R imScale = has(flags, ARK_Inv) ? scale : -scale;
-    spectrum.re[0] = src[0] * scale;
+    const R imSign = has(flags, ARK_Inv) ? 1 : -1;
+    spectrum.re[0] = src[0];
     forEachPair<N>([&](auto i) {
-        spectrum.re[i + 1] = src[layout.pairs + 2 * i] * scale;
-        spectrum.im[i + 1] = src[layout.pairs + 2 * i + 1] * imScale;
+        spectrum.re[i + 1] = src[layout.pairs + 2 * i];
+        spectrum.im[i + 1] = src[layout.pairs + 2 * i + 1] * imSign;
     });
-    spectrum.re[N / 2] = src[layout.last] * scale;
-    signalOf(spectrum, dst);
+    spectrum.re[N / 2] = src[layout.last];
+    R x[N];
+    signalOf(spectrum, x);
+    for (int n = 0; n < N; n++)
+        dst[n] = x[n] * scale;
 }
 
 // N reals as N/2 complex numbers: their transform, recombined where it stands. So few reals that calls would take

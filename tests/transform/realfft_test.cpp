@@ -272,6 +272,19 @@ TYPED_TEST(RealFft, TwoSignals)
         }
 }
 
+TYPED_TEST(RealFft, TwoSignalsHaveZerosWhateverElseTheyHave)
+{
+    using R = TypeParam;
+    for (int order = 1; order <= 6; order++) {
+        const std::size_t N = std::size_t{1} << order;
+        Guarded<R> x(N + 2), y(N + 2);
+        x[0] = std::numeric_limits<R>::infinity();
+        y[N - 1] = 1;
+        Members<R>::real2Fft(x.data(), y.data(), order, ARK_Forw);
+        EXPECT_TRUE(x[1] == 0 && y[1] == 0 && x[N + 1] == 0 && y[N + 1] == 0) << order;
+    }
+}
+
 TYPED_TEST(RealFft, OrderZeroIsCopied)
 {
     using R = TypeParam;
