@@ -71,7 +71,7 @@ ARKPX_API ShortCplx  arkvSet(short re, short im);
  *
  * Lengths: n elements in every array. In place: any source may be the destination itself; in the floating operations
  * and in Copy the destination may also overlap the sources from above (dst > src), as if the loop ran from the last
- * element to the first.
+ * element to the first. What another overlap gives is not defined.
  *
  * Reports, each ARK_StatusBadArgument, all that fail, in this order: "n<=0"; then null pointers in the order of the
  * arguments: "src==0", "srcA==0", "srcB==0", "dst==0" (for dst and srcDst alike). Sub2 reports a null src as "val==0";
@@ -265,7 +265,8 @@ ARKPX_API void arkdbIntToFloat(const void* src, double* dst, int len, int wordBi
  * With a level of 0 a zero element gives the largest finite number of its type, positive. What is not a number, element
  * or level, gives the like.
  *
- * All but the magnitudes of c and z (see above) are rounded correctly, and all results are the same on all processors.
+ * Real and 16-bit results are rounded correctly; the parts of complex inverses are accurate to 4 ulps of the larger one.
+ * All results are the same on all processors.
  *
  * Reports, each ARK_StatusBadArgument, all that fail: "len<=0"; "vec==0" (form 1) or "src==0", "dst==0" (form 2). Then
  * the thread's status is tested: if it is negative, also from an earlier failure, nothing is written. Checks of values
