@@ -80,11 +80,11 @@ TYPED_TEST(Triangle, FollowsTheClosedForm)
                     const double t = phase + twoPi * f * n, angles[] = {t, t + (pi + a + twoPi) / 2};
                     const std::vector<double> got = partsOf(out[std::size_t(i)]);
                     for (std::size_t part = 0; part < got.size(); part++) {
-                        // A rounding error a sample, which turning into the steeper line makes larger; the angle of the
-                        // imaginary part is off by what 2 pi as a float is off.
+                        // A rounding error a sample, of the sum and of the step in it, which turning into the steeper
+                        // line makes larger; the angle of the imaginary part is off by what 2 pi as a float is off.
                         const double tolerance =
                             rounding + steepest * 2e-7 +
-                            (n + 4) * double(std::numeric_limits<Real>::epsilon()) * 2 * (mag + steepest);
+                            (n + 4) * double(std::numeric_limits<Real>::epsilon()) * 4 * (mag + steepest);
                         ASSERT_NEAR(got[part], mag * wave(angles[part], a), tolerance)
                             << "sample " << n << ", part " << part << " at " << f << ", asymmetry " << a;
                     }
