@@ -24,7 +24,7 @@ struct Direct {
 #else // eight registers
     static constexpr int maxRows = sumCount == 1 ? 4 : 2;
 #endif
-    static constexpr int edgeRows = maxRows / 2;
+    static constexpr int edgeRows = areBothComplex ? 2 : maxRows / 2;
     static constexpr std::ptrdiff_t tallest = maxRows * elements; // outputs of a tile
 
     struct Tap {
