@@ -24,8 +24,9 @@ extern "C" {
  *   direct     short filters: n up to 20 (real) or 12 (c) always, a few more for z and mixed members; and n up to 101
  *              (real) or 46 (c) while L is below a limit that falls with n. Sums grow in the precision of y, from the
  *              first element of the shorter operand to the last, every product and sum rounded: the same bits on all
- *              processors. The error is below 2 (n + 1) half ulps of the sum of the products' magnitudes; integers are
- *              exact while that sum is below 2^24 (2^53 in double).
+ *              processors. The product of two complex elements (a b: re = a.re b.re - a.im b.im, im = a.re b.im +
+ *              a.im b.re) is complete before it is added. The error is below 2 (n + 1) half ulps of the sum of the
+ *              products' magnitudes; integers are exact while that sum is below 2^24 (2^53 in double).
  *   whole      one FFT of the smallest power of two that holds y
  *   blocks     overlap-save with an FFT of two or four times the smallest power of two above n
  *   The error of the last two is that of the transforms: a few ulps of the greatest sum of magnitudes in a block, also

@@ -206,8 +206,8 @@ ARKPX_API void  arkwbFirl(const FirlTapState* tapState, FirlDlyState* dlyState, 
  * 16 bits: data and history are short, the taps float (kept as given: tapsScale is always 0). Each sum is rounded to the
  * nearest integer (ties to even) and delivered as sum 2^-f: with ARK_FIXED_SCALE in scaleMode f is *scaleFactor (0 for
  * null; left shifts by 15 at the most), else 0. With ARK_SATURATE results are clamped, else the low 16 bits are kept.
- * scaleMode equal to ARK_AUTO_SCALE: f is the smallest factor >= 0 with which the whole block, or the one sample, fits,
- * and is written to *scaleFactor; the block is then computed twice.
+ * scaleMode equal to ARK_AUTO_SCALE: f is 0 if the whole block, or the one sample, fits as it is, else brings the largest
+ * magnitude into 16384 ... 32767, and is written to *scaleFactor; the block is then computed twice.
  *
  * Reports, in this order. Modules arkfirh and, w members, arkfirhw.
  *   Init      "Null state pointer"; "Invalid value" (tapsLen < 1)

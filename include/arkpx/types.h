@@ -70,8 +70,13 @@ enum {
  *   ARK_SATURATE                      the result clamped to -32768 ... 32767
  *   ARK_FIXED_SCALE                   shifted by *scaleFactor (0 for a null pointer), low 16 bits
  *   ARK_FIXED_SCALE | ARK_SATURATE    shifted by *scaleFactor (0 for a null pointer), clamped
- *   ARK_AUTO_SCALE                    shifted by the smallest factor >= 0 with which the whole result fits; the
- *                                     factor is written to *scaleFactor, which must not be null
+ *   ARK_AUTO_SCALE                    shifted by 0 if the whole result fits as it is, else by a factor with which it
+ *                                     does; the factor is written to *scaleFactor, which must not be null
+ *
+ * The automatic factor of the vector arithmetic is the smallest one. Filters, transforms, DFT, Goertzel and convolution
+ * bring the largest magnitude, if the result does not fit as it is, into 16384 ... 32767. That is the same factor, but
+ * where the largest magnitude is that of -2^16, -2^17 and so on: -65536 takes the factor 2 and becomes -16384, in the
+ * vector arithmetic the factor 1 and becomes -32768.
  */
 enum { ARK_WRAP = 0, ARK_SATURATE = 1, ARK_FIXED_SCALE = 2, ARK_AUTO_SCALE = 4 };
 

@@ -14,25 +14,48 @@ struct Direct {
     using R = Real<Y>;
     using V = Vec<R>;
     using MaskBits = typename BitsOf<R>::Type;
-    static constexpr int tapParts = parts<T>;
+    // Products with the real parts of taps and with the imaginary ones are summed apart, unless the data is complex
+    // too.
+    static constexpr bool areBothComplex = parts<X> == 2 && parts<T> == 2;
+    static constexpr int sumCount = areBothComplex ? 1 : parts<T>;
     static constexpr std::ptrdiff_t elements = lanes<R> / parts<X>; // outputs of a row
 #if defined(__x86_64__)
-    static constexpr int maxRows = tapParts == 1 || ARK_AVX512 ? 8 : 4;
+    static constexpr int maxRows = sumCount == 1 || ARK_AVX512 ? 8 : 4;
 #else // eight registers
-    static constexpr int maxRows = tapParts == 1 ? 4 : 2;
+    static constexpr int maxRows = sumCount == 1 ? 4 : 2;
 #endif
-    static constexpr int edgeRows = maxRows / 2;
+    static constexpr int edgeRows = areBothComplex ? 2 : maxRows / 2;
     static constexpr std::ptrdiff_t tallest = maxRows * elements; // outputs of a tile
 
-    static ARK_INLINE void storeRow(R* to, V real, V imaginary)
+    struct Tap {
+        V part[parts<T>];
+    };
+
+    static ARK_INLINE Tap spread(const Real<T>* tap)
     {
-        if constexpr (parts<X> == 2 && tapParts == 2) {
-            store(to, real + negateReal<R>(permute<otherPart>(imaginary)));
-        } else if constexpr (tapParts == 2) {
-            store(to, permute2<lowOfBoth>(real, imaginary));
-            store(to + lanes<R>, permute2<highOfBoth>(real, imaginary));
+        if constexpr (areBothComplex)
+            return {{broadcast(tap[0]), negateReal<R>(broadcast(tap[1]))}};
+        else if constexpr (parts<T> == 2)
+            return {{broadcast(tap[0]), broadcast(tap[1])}};
+        else
+            return {{broadcast(tap[0])}};
+    }
+
+    static ARK_INLINE V product(const Tap& tap, V data, int sum)
+    {
+        if constexpr (areBothComplex)
+            return tap.part[0] * data + tap.part[1] * permute<otherPart>(data);
+        else
+            return tap.part[sum] * data;
+    }
+
+    static ARK_INLINE void storeRow(R* to, V first, V second)
+    {
+        if constexpr (sumCount == 2) {
+            store(to, permute2<lowOfBoth>(first, second));
+            store(to + lanes<R>, permute2<highOfBoth>(first, second));
         } else {
-            store(to, real);
+            store(to, first);
         }
     }
 
@@ -42,26 +65,24 @@ struct Direct {
     static ARK_INLINE void tile(const X* x, const MaskBits* mask, const T* h, std::ptrdiff_t begin, std::ptrdiff_t end,
                                 Y* y)
     {
-        V sums[tapParts][rows] = {};
+        V sums[sumCount][rows] = {};
         for (std::ptrdiff_t i = begin; i < end; i++) {
-            V tap[tapParts];
-            for (int part = 0; part < tapParts; part++)
-                tap[part] = broadcast<R>(partsOf(h + i)[part]);
+            const Tap tap = spread(partsOf(h + i));
             ARK_UNROLL
             for (int row = 0; row < rows; row++) {
                 const std::ptrdiff_t at = row * elements - i;
                 const V data = load(partsOf(x + at));
-                for (int part = 0; part < tapParts; part++) {
-                    V product = tap[part] * data;
+                for (int sum = 0; sum < sumCount; sum++) {
+                    V added = product(tap, data, sum);
                     if constexpr (masked)
-                        product = (V)((Vec<MaskBits>)product & load(mask + at * parts<X>));
-                    sums[part][row] += product;
+                        added = (V)((Vec<MaskBits>)added & load(mask + at * parts<X>));
+                    sums[sum][row] += added;
                 }
             }
         }
         ARK_UNROLL
         for (int row = 0; row < rows; row++)
-            storeRow(partsOf(y + row * elements), sums[0][row], sums[tapParts - 1][row]);
+            storeRow(partsOf(y + row * elements), sums[0][row], sums[sumCount - 1][row]);
     }
 
     // Outputs that meet every tap; the last tile overlaps the one before it.
@@ -78,7 +99,7 @@ struct Direct {
     static bool areFinite(const T* h, std::ptrdiff_t n)
     {
         int strange = 0;
-        for (std::ptrdiff_t i = 0; i < n * tapParts; i++)
+        for (std::ptrdiff_t i = 0; i < n * parts<T>; i++)
             strange |= !(partsOf(h)[i] * 0 == 0);
         return !strange;
     }

@@ -12,8 +12,7 @@ template <class X, class T>
 struct ConvKernels {
     // y[k] = sum of h[i] x[k-i] over the i < n for which 0 <= k-i < len, k = 0 ... len+n-2; 1 <= n <= len, n <=
     // longestDirect. y is apart from x and h. Sums grow in the output's precision from i = 0 on, every product and sum
-    // rounded, so that all instruction sets give the same bits. With complex taps those of their real parts and those
-    // of their imaginary parts grow by themselves and meet at the end.
+    // rounded, so that all instruction sets give the same bits. A complex product is complete before it is added.
     void (*direct)(const X* x, std::ptrdiff_t len, const T* h, std::ptrdiff_t n, FirOutput<X, T>* y);
 };
 

@@ -139,12 +139,10 @@ ARK_INLINE D laneNumbersIn(std::index_sequence<i...>)
     return D{double(i)...};
 }
 
-// Lanes in front of the first one become zero.
-ARK_INLINE D keepLanesFrom(std::ptrdiff_t first, D v)
+// Lanes from the first one on are replaced.
+ARK_INLINE D replaceLanesFrom(std::ptrdiff_t first, D v, D replacement)
 {
-    using Mask = Vec<long long>;
-    const D numbers = laneNumbersIn(std::make_index_sequence<width>{});
-    return (D)((Mask)v & (Mask)(numbers >= broadcast(double(first))));
+    return laneNumbersIn(std::make_index_sequence<width>{}) >= broadcast(double(first)) ? replacement : v;
 }
 
 template <class X, class T>
@@ -175,18 +173,19 @@ struct Inner {
         }
     }
 
-    // omitted: how many elements at the front of the chunk do not count.
+    // omitted: how many elements at the front of the chunk do not count, whatever they and their taps are.
     static ARK_INLINE void add(Registers& sums, const Registers& taps, const X* x, std::ptrdiff_t omitted = 0)
     {
         D data[dataCount];
         unrolled<dataCount>([&](auto i) ARK_UNROLLED {
             constexpr int at = decltype(i)::value * width;
             data[decltype(i)::value] = loadDoubles(partsOf(x) + at);
-            if (omitted)
-                data[decltype(i)::value] = keepLanesFrom(omitted * dataParts - at, data[decltype(i)::value]);
         });
         unrolled<sumCount>([&](auto i) ARK_UNROLLED {
-            sums.part[decltype(i)::value] += taps.part[decltype(i)::value] * data[decltype(i)::value % dataCount];
+            constexpr int from = decltype(i)::value % dataCount, at = from * width;
+            D& sum = sums.part[decltype(i)::value];
+            const D added = sum + taps.part[decltype(i)::value] * data[from];
+            sum = omitted ? replaceLanesFrom(omitted * dataParts - at, sum, added) : added;
         });
     }
 

@@ -7,9 +7,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
 #include <climits>
 #include <cmath>
 #include <complex>
+#include <cstdint>
 #include <string>
 
 namespace {
@@ -152,6 +154,76 @@ TEST(Convolution, RoundsEachDirectSum)
             ASSERT_EQ(y[std::size_t(k)], sum) << k;
         }
     }
+}
+
+// Each complex product is a number of its own before it is added: 1 and 0 below are what is left when the large parts
+// of one product cancel. Now and then something is infinite, and products that do not exist are not summed with it.
+template <class C>
+std::vector<C> oneByOne(const std::vector<C>& shorter, const std::vector<C>& longer)
+{
+    using R = decltype(C{}.re);
+    std::vector<C> y(shorter.size() + longer.size() - 1, C{});
+    for (std::size_t i = 0; i < shorter.size(); i++)
+        for (std::size_t j = 0; j < longer.size(); j++) {
+            const C a = shorter[i], b = longer[j];
+            const volatile R re = a.re * b.re, square = a.im * b.im, im = a.re * b.im, other = a.im * b.re;
+            const volatile R productRe = re - square, productIm = im + other;
+            y[i + j].re += productRe;
+            y[i + j].im += productIm;
+        }
+    return y;
+}
+
+template <class R>
+bool isSame(R a, R b)
+{
+    using Bits = std::conditional_t<sizeof(R) == 4, std::uint32_t, std::uint64_t>;
+    return std::bit_cast<Bits>(a) == std::bit_cast<Bits>(b) || (a != a && b != b);
+}
+
+template <class C>
+void checkRounding(Member<C, C, C> convolve)
+{
+    using R = decltype(C{}.re);
+    const auto any = [] {
+        const double high = randomInt(-1 << 23, 1 << 23), low = randomInt(-1 << 28, 1 << 28);
+        return R((high + low * 0x1p-29) * 0x1p-20);
+    };
+    for (int round = 0; round < 1500; round++) {
+        std::vector<C> shorter(std::size_t(randomInt(1, 12)));
+        std::vector<C> longer(shorter.size() + std::size_t(randomInt(0, round % 8 ? 70 : 500)));
+        for (std::vector<C>* operand : {&shorter, &longer})
+            for (C& value : *operand)
+                value = {any(), any()};
+        if (round % 3 == 0) {
+            std::vector<C>& operand = randomInt(0, 1) ? shorter : longer;
+            C& value = operand[std::size_t(randomInt(0, int(operand.size()) - 1))];
+            (randomInt(0, 1) ? value.re : value.im) = randomInt(0, 1) ? R(HUGE_VAL) : -R(HUGE_VAL);
+        }
+        const int n = int(shorter.size()), len = int(longer.size());
+        Guarded<C> h{shorter}, x{longer}, y{std::size_t(len + n) - 1};
+        if (len > n && randomInt(0, 1))
+            convolve(h.data(), n, x.data(), len, y.data());
+        else
+            convolve(x.data(), len, h.data(), n, y.data());
+        const std::vector<C> expected = oneByOne(shorter, longer);
+        for (std::size_t k = 0; k < expected.size(); k++)
+            ASSERT_TRUE(isSame(y[k].re, expected[k].re) && isSame(y[k].im, expected[k].im))
+                << "y[" << k << "] of " << len << " and " << n;
+    }
+}
+
+TEST(Convolution, RoundsEachComplexProduct)
+{
+    checkRounding<FloatCplx>(arkcConv);
+    checkRounding<DoubleCplx>(arkzConv);
+    const FloatCplx h[2] = {{1, 1}, {1, 1}}, large[2] = {{1e30f, 1e30f}, {1, 0}},
+                    larger[2] = {{2e38f, 2e38f}, {2e38f, 2e38f}};
+    FloatCplx y[3];
+    arkcConv(large, 2, h, 2, y);
+    EXPECT_EQ(y[1].re, 1);
+    arkcConv(larger, 2, h, 2, y);
+    EXPECT_EQ(y[1].re, 0);
 }
 
 TEST(Convolution, InfiniteTapsMeetOnlyWhatIsThere)

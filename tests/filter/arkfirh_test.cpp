@@ -91,6 +91,9 @@ void checkPrograms(const Member<X, T, Y>& member)
         Object<X, T, Y> filter{member, taps, rate};
         ASSERT_NO_FATAL_FAILURE((fir::checkProgram<X, T>(filter, taps, rate)));
     }
+    fir::checkInfiniteTaps<X, T>([&](const std::vector<T>& taps, fir::Rate rate) {
+        return Object<X, T, Y>{member, taps, rate};
+    });
 }
 
 TEST(Fir, FiltersByDefinition)
@@ -191,6 +194,24 @@ TEST(Fir, Of16BitsHistoryAndOneSample)
     EXPECT_EQ(out, 5);
     EXPECT_EQ(reports.messages(), (std::vector<std::string>{"Null scale factor pointer", "Null scale factor pointer"}));
     arkFirFree(&state);
+}
+
+TEST(Fir, Of16BitsWithAnInfiniteTap)
+{
+    const std::vector<short> ones(32, 1);
+    for (int n = 1; n <= 20; n++)
+        for (int place = 0; place < n; place++) {
+            std::vector<float> taps(std::size_t(n), 1.0f);
+            taps[std::size_t(place)] = HUGE_VALF;
+            FirState state{};
+            std::vector<short> out(32);
+            arkwFirInit(taps.data(), n, ones.data(), &state);
+            EXPECT_EQ(arkwFir(&state, 1, ARK_SATURATE, nullptr), 32767);
+            arkwbFir(&state, ones.data(), out.data(), 3, ARK_SATURATE, nullptr);
+            arkwbFir(&state, ones.data(), out.data() + 3, 29, ARK_SATURATE, nullptr);
+            EXPECT_EQ(out, std::vector<short>(32, 32767)) << "tap " << place << " of " << n;
+            arkFirFree(&state);
+        }
 }
 
 TEST(Fir, RecordAsDocumented)

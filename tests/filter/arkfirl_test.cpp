@@ -137,6 +137,9 @@ void checkPrograms(const Member<X, T, Y>& member)
         LowLevel<X, T, Y> filter{member, taps, rate};
         ASSERT_NO_FATAL_FAILURE((fir::checkProgram<X, T>(filter, taps, rate)));
     }
+    fir::checkInfiniteTaps<X, T>([&](const std::vector<T>& taps, fir::Rate rate) {
+        return LowLevel<X, T, Y>{member, taps, rate};
+    });
 }
 
 TEST(Firl, FiltersByDefinition)

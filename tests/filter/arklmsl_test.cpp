@@ -117,49 +117,86 @@ TEST(Lmsl, LearnsByDefinition)
     checkPrograms<double, DoubleCplx, DoubleCplx>({recordsZ, recordsD, arkdzLmsl, arkdzbLmsl});
 }
 
+template <class X, class T, class Y>
+struct NonAdaptiveMember {
+    const Records<T>& taps;
+    const Records<X>& data;
+    Y (*one)(const LmslTapState*, LmslDlyState*, X);
+    void (*block)(const LmslTapState*, LmslDlyState*, const X*, Y*, int);
+};
+
+template <class X, class T, class Y>
+class NonAdaptive {
+public:
+    NonAdaptive(const NonAdaptiveMember<X, T, Y>& member, const std::vector<T>& taps, fir::Rate rate, int errDelay)
+        : member_{member},
+          tapArray_{taps},
+          dlyl_{taps.size() + std::size_t(errDelay + (rate.isMulti() ? rate.down : 0))}
+    {
+        member_.taps.initMr(0, tapArray_.data(), int(taps.size()), 0, 0, errDelay, rate.down, rate.downPhase, &taps_);
+        member_.data.initDlyl(&taps_, dlyl_.data(), 1, &dly_);
+        setHistory(nullptr);
+    }
+    int historyLen() const { return dly_.dlylLen - !taps_.isMultiRate; }
+    void setHistory(const std::vector<X>* history)
+    {
+        member_.data.setDlyl(&taps_, history ? history->data() : nullptr, &dly_);
+    }
+    Y one(X sample) { return member_.one(&taps_, &dly_, sample); }
+    std::vector<Y> block(Guarded<X>& src, int numIters, int outputs)
+    {
+        Guarded<Y> dst{std::size_t(outputs)};
+        member_.block(&taps_, &dly_, src.data(), dst.data(), numIters);
+        return dst.values();
+    }
+
+private:
+    NonAdaptiveMember<X, T, Y> member_;
+    Guarded<T> tapArray_;
+    Guarded<X> dlyl_;
+    LmslTapState taps_;
+    LmslDlyState dly_;
+};
+
 // Without adaptation: the FIR filter of the same taps, however long the delay line is.
 template <class X, class T, class Y>
-void checkNonAdaptive(const Records<T>& ofTaps, const Records<X>& ofData,
-                      Y (*one)(const LmslTapState*, LmslDlyState*, X),
-                      void (*block)(const LmslTapState*, LmslDlyState*, const X*, Y*, int))
+void checkNonAdaptive(const NonAdaptiveMember<X, T, Y>& member)
 {
     for (int round = 0; round < 60; round++) {
         const lms::Parameters p = lms::anyParameters();
-        const std::vector<T> values = fir::anyValues<T>(p.tapsLen);
-        Guarded<T> taps{values};
-        LmslTapState tapState;
-        LmslDlyState dlyState;
-        ofTaps.initMr(0, taps.data(), p.tapsLen, 0, 0, p.errDelay, p.down, p.downPhase, &tapState);
-        Guarded<X> dlyl{std::size_t(p.tapsLen + p.errDelay + (p.down > 1 ? p.down : 0))};
-        ofData.initDlyl(&tapState, dlyl.data(), 1, &dlyState);
-        ofData.setDlyl(&tapState, nullptr, &dlyState);
-        fir::Model<X, T> model{values, {1, 0, p.down, p.downPhase}};
+        const fir::Rate rate{1, 0, p.down, p.downPhase};
+        const std::vector<T> taps = fir::anyValues<T>(p.tapsLen);
+        NonAdaptive<X, T, Y> filter{member, taps, rate, p.errDelay};
+        fir::Model<X, T> model{taps, rate};
         for (int call = 0; call < 4; call++) {
             const int numIters = randomInt(1, 90);
             Guarded<X> src{fir::anyValues<X>(numIters * p.down)};
-            Guarded<Y> dst{std::size_t(numIters)};
+            std::vector<Y> dst;
             const std::vector<fir::Sum> expected = model.filter(src.values());
             if (p.down == 1 && call % 2)
-                for (int i = 0; i < numIters; i++)
-                    dst[std::size_t(i)] = one(&tapState, &dlyState, src[std::size_t(i)]);
+                for (const X& sample : src.values())
+                    dst.push_back(filter.one(sample));
             else
-                block(&tapState, &dlyState, src.data(), dst.data(), numIters);
+                dst = filter.block(src, numIters, numIters);
             for (std::size_t i = 0; i < expected.size(); i++)
-                ASSERT_NO_FATAL_FAILURE(fir::expectNear(dst[i], expected[i], values.size()));
+                ASSERT_NO_FATAL_FAILURE(fir::expectNear(dst[i], expected[i], taps.size()));
         }
     }
+    fir::checkInfiniteTaps<X, T>([&](const std::vector<T>& taps, fir::Rate rate) {
+        return NonAdaptive<X, T, Y>{member, taps, rate, 2};
+    });
 }
 
 TEST(Lmsl, WithoutAdaptation)
 {
-    checkNonAdaptive<float, float, float>(recordsS, recordsS, arksLmslNa, arksbLmslNa);
-    checkNonAdaptive<double, double, double>(recordsD, recordsD, arkdLmslNa, arkdbLmslNa);
-    checkNonAdaptive<FloatCplx, FloatCplx, FloatCplx>(recordsC, recordsC, arkcLmslNa, arkcbLmslNa);
-    checkNonAdaptive<DoubleCplx, DoubleCplx, DoubleCplx>(recordsZ, recordsZ, arkzLmslNa, arkzbLmslNa);
-    checkNonAdaptive<float, FloatCplx, FloatCplx>(recordsC, recordsS, arkscLmslNa, arkscbLmslNa);
-    checkNonAdaptive<FloatCplx, float, FloatCplx>(recordsS, recordsC, arkcsLmslNa, arkcsbLmslNa);
-    checkNonAdaptive<double, DoubleCplx, DoubleCplx>(recordsZ, recordsD, arkdzLmslNa, arkdzbLmslNa);
-    checkNonAdaptive<DoubleCplx, double, DoubleCplx>(recordsD, recordsZ, arkzdLmslNa, arkzdbLmslNa);
+    checkNonAdaptive<float, float, float>({recordsS, recordsS, arksLmslNa, arksbLmslNa});
+    checkNonAdaptive<double, double, double>({recordsD, recordsD, arkdLmslNa, arkdbLmslNa});
+    checkNonAdaptive<FloatCplx, FloatCplx, FloatCplx>({recordsC, recordsC, arkcLmslNa, arkcbLmslNa});
+    checkNonAdaptive<DoubleCplx, DoubleCplx, DoubleCplx>({recordsZ, recordsZ, arkzLmslNa, arkzbLmslNa});
+    checkNonAdaptive<float, FloatCplx, FloatCplx>({recordsC, recordsS, arkscLmslNa, arkscbLmslNa});
+    checkNonAdaptive<FloatCplx, float, FloatCplx>({recordsS, recordsC, arkcsLmslNa, arkcsbLmslNa});
+    checkNonAdaptive<double, DoubleCplx, DoubleCplx>({recordsZ, recordsD, arkdzLmslNa, arkdzbLmslNa});
+    checkNonAdaptive<DoubleCplx, double, DoubleCplx>({recordsD, recordsZ, arkzdLmslNa, arkzdbLmslNa});
 }
 
 // To the bit: rational numbers, rounded to nearest even by hand.

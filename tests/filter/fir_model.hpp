@@ -191,4 +191,39 @@ void checkProgram(Filter& filter, std::vector<T> taps, Rate rate)
     }
 }
 
+// One tap is infinite, all else is one, and so every output is infinite: none has met the tap with nothing, which would
+// not be a number. make(taps, rate) makes the filter.
+template <class X, class T, class Make>
+void checkInfiniteTaps(const Make& make)
+{
+    const auto expectInfinite = [](const auto& outputs) {
+        for (const auto& y : outputs) {
+            EXPECT_TRUE(std::isinf(exact(y).real()));
+            EXPECT_FALSE(std::isnan(exact(y).imag()));
+        }
+    };
+    const auto element = []<class E>(E, double re) {
+        if constexpr (std::is_arithmetic_v<E>)
+            return E(re);
+        else
+            return E{decltype(E{}.re)(re), 1};
+    };
+    for (int n = 1; n <= 20; n++)
+        for (int place = 0; place < n; place++)
+            for (const Rate rate : {Rate{}, Rate{1, 0, 2, 1}}) {
+                SCOPED_TRACE(testing::Message() << "tap " << place << " of " << n << ", down " << rate.down);
+                std::vector<T> taps(std::size_t(n), element(T{}, 1));
+                taps[std::size_t(place)] = element(T{}, HUGE_VAL);
+                auto filter = make(taps, rate);
+                const std::vector<X> history(std::size_t(filter.historyLen()), element(X{}, 1));
+                filter.setHistory(&history);
+                for (const int numIters : {1, 6, 40}) {
+                    Guarded<X> src{std::vector<X>(std::size_t(numIters * rate.down), element(X{}, 1))};
+                    expectInfinite(filter.block(src, numIters, numIters * rate.up));
+                }
+                if (!rate.isMulti())
+                    expectInfinite(std::vector{filter.one(element(X{}, 1))});
+            }
+}
+
 } // namespace fir
