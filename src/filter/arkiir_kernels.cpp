@@ -178,7 +178,7 @@ struct Pipeline {
         const std::ptrdiff_t delay = skew * (used - 1);
         std::ptrdiff_t i = 0;
         // Before the first output, signal[0] has been read already and is written in vain.
-        const auto next = [&] ARK_INLINED {
+        const auto next = [&]() ARK_INLINED {
             step(signal, i < n ? i : n - 1);
             put(used - 1, signal, i > delay ? i - delay : 0);
             i++;
@@ -222,16 +222,16 @@ void biquads(BiquadRun& r, int sections, double* const* signal, std::ptrdiff_t n
             constexpr int width = widthOf<State, count, parts>();
             const int used = rest < count ? rest : count;
             Pipeline<State, width, count / width, coefParts, parts>{}.run(r, first, used, signal, n);
-            first += used;
+            return used;
         };
         // Filling and draining a pipeline takes time: short blocks use short ones.
-        constexpr bool fits = 8 / widthOf<State, 8, parts>() * parts <= 4; // into the registers
-        if (fits && rest > 4 && n >= 32)
-            run(std::integral_constant < int, fits ? 8 : 4 > {});
+        constexpr int most = 8 / widthOf<State, 8, parts>() * parts <= 4 ? 8 : 4; // what fits into the registers
+        if (most == 8 && rest > 4 && n >= 32)
+            first += run(std::integral_constant<int, most>{});
         else if (rest > 2)
-            run(std::integral_constant<int, 4>{});
+            first += run(std::integral_constant<int, 4>{});
         else
-            run(std::integral_constant<int, 2>{});
+            first += run(std::integral_constant<int, 2>{});
     }
 }
 
