@@ -75,6 +75,7 @@ template <class State, int width, int registers, int coefParts, int parts>
 struct Pipeline {
     static constexpr int count = width * registers; // at the most as many sections
     static constexpr std::ptrdiff_t skew = 2;
+    static_assert(skew * (count - 1) < IirKernels::leastBlock);
 
     using V = Doubles<width>;
     using Value = Number<V, parts>;
@@ -224,9 +225,8 @@ void biquads(BiquadRun& r, int sections, double* const* signal, std::ptrdiff_t n
             Pipeline<State, width, count / width, coefParts, parts>{}.run(r, first, used, signal, n);
             return used;
         };
-        // Filling and draining a pipeline takes time: short blocks use short ones.
         constexpr int most = 8 / widthOf<State, 8, parts>() * parts <= 4 ? 8 : 4; // what fits into the registers
-        if (most == 8 && rest > 4 && n >= 32)
+        if (most == 8 && rest > 4)
             first += run(std::integral_constant<int, most>{});
         else if (rest > 2)
             first += run(std::integral_constant<int, 4>{});

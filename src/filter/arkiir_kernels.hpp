@@ -163,7 +163,11 @@ struct IirKernels : IirDataKernels<float>,
                     IirDataKernels<FloatCplx>,
                     IirDataKernels<DoubleCplx>,
                     IirDataKernels<short> {
-    // n values in place, of a complex signal the two parts apart; the state is rounded to its type after each value.
+    // Filling and draining a pipeline takes time: below this a block's samples are done sooner one by one.
+    static constexpr std::ptrdiff_t leastBlock = 16;
+
+    // n >= leastBlock values in place, of a complex signal the two parts apart; the state is rounded to its type after
+    // each value.
     using Biquads = void (*)(BiquadRun& run, int sections, double* const* signal, std::ptrdiff_t n);
     using Direct = void (*)(DirectRun& run, int order, double* const* signal, std::ptrdiff_t n);
 

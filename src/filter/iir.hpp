@@ -69,7 +69,7 @@ public:
         double* const signal[2]{results[0], results[valueParts - 1]};
         for (std::ptrdiff_t first = 0; first < n; first += capacity) {
             const std::ptrdiff_t count = std::min(capacity, n - first);
-            if (count < worthwhile || (!isBiquad_ && (order_ < 1 || order_ > DirectRun::capacity)))
+            if (count < IirKernels::leastBlock || (!isBiquad_ && (order_ < 1 || order_ > DirectRun::capacity)))
                 for (std::ptrdiff_t i = 0; i < count; i++)
                     putNumber(signal, i, filterOne(src[first + i]));
             else {
@@ -81,7 +81,6 @@ public:
 
 private:
     static constexpr std::ptrdiff_t capacity = 512;
-    static constexpr std::ptrdiff_t worthwhile = 8; // fewer samples are done before a kernel has its registers filled
 
     Coef coef(std::ptrdiff_t i) const { return widened<coefParts>(taps_[i]); }
     Value delay(std::ptrdiff_t i) const { return widened<valueParts>(delay_[i]); }
