@@ -1,4 +1,4 @@
-// Biquad cascades and direct forms.
+// Biquad cascades and direct forms. Compiled with -ffp-contract=off, like single samples: fused operations would give others.
 #include "frame/kernels.hpp"
 #include "frame/simd.hpp"
 
@@ -177,23 +177,22 @@ struct Pipeline {
             d0[k] = d1[k] = before[k] = outputs[k] = Value{};
         });
         const std::ptrdiff_t delay = skew * (used - 1);
-        std::ptrdiff_t i = 0;
         // Before the first output, signal[0] has been read already and is written in vain.
-        const auto next = [&]() ARK_INLINED {
-            step(signal, i < n ? i : n - 1);
-            put(used - 1, signal, i > delay ? i - delay : 0);
-            i++;
+        const auto next = [&](std::ptrdiff_t at) ARK_INLINED {
+            step(signal, at < n ? at : n - 1);
+            put(used - 1, signal, at > delay ? at - delay : 0);
         };
+        std::ptrdiff_t i = 0;
         for (int event = 0; event < 2 * used; event++) {
             const bool begins = event < used;
             const int section = begins ? event : event - used;
             const std::ptrdiff_t until = (begins ? 0 : n) + skew * section;
-            while (i + 1 < until) { // two at a time, so that `before` and `outputs` just change their names
-                next();
-                next();
+            for (; i + 1 < until; i += 2) { // so `before` and `outputs` just change their names
+                next(i);
+                next(i + 1);
             }
             if (i < until)
-                next();
+                next(i++);
             if (begins) {
                 begin(d0, section, r.d0, first + section);
                 begin(d1, section, r.d1, first + section);
