@@ -1,4 +1,4 @@
-// Biquad cascades and direct forms. Compiled with -ffp-contract=off, like single samples: fused operations would give others.
+// Biquad cascades and direct forms. Nothing is fused here: single samples, which are compiled once, are not either.
 #include "frame/kernels.hpp"
 #include "frame/simd.hpp"
 
