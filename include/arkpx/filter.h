@@ -710,8 +710,8 @@ ARKPX_API void arkLmsFree(LmsState* state);
  * The delay line has N or 2 Q elements of the output's type, at first zero. With normalised coefficients a sample does,
  *
  *   arbitrary order (transposed direct form II)      section (direct form II); the first one gets v = gain x
- *     y = b0 x + d[0]                                  w = v - a1 d[2i] - a2 d[2i+1]
- *     d[k-1] = bk x - ak y + d[k],  k = 1 ... N-1      v = w + (b1/b0) d[2i] + (b2/b0) d[2i+1]
+ *     y = d[0] + b0 x                                  w = v - a2 d[2i+1] - a1 d[2i]
+ *     d[k-1] = d[k] + bk x - ak y,  k = 1 ... N-1      v = w + ((b2/b0) d[2i+1] + (b1/b0) d[2i])
  *     d[N-1] = bN x - aN y                             d[2i+1] = d[2i], d[2i] = w
  *
  * Types. s, d, c, z: coefficients, data and results of one type. Mixed members: the first letter is the data's type, the
@@ -719,16 +719,20 @@ ARKPX_API void arkLmsFree(LmsState* state);
  * delay line and results are complex, and the coefficients are initialised with the functions of their own type, the
  * delay line with the complex one (arkcIirlInitDlyl, arkzIirlInitDlyl). w: 16-bit data, see below.
  *
- * Accuracy. All arithmetic is in double, products and sums fused where the processor can; outputs are rounded when they
- * are stored, never before they are fed back. The delay line is rounded to its type after the sample in one-sample
- * calls, in blocks when at most 512 samples are done; so blocks are more exact than samples one by one, and float
- * results of different partitions of a signal differ by that rounding. Quotients of the normalisation are formed in
- * double; complex ones neither overflow nor vanish before the result does.
+ * Accuracy. All arithmetic is in double, every product and sum rounded on its own, in the order written above. After
+ * each sample the new elements of the delay line are rounded to its type; within a sample nothing is: w and y are used
+ * as they are. Results are rounded when they are stored. So a block gives what its samples one by one give, to the bit, a
+ * signal may be cut into blocks in any way, and results are the same on all processors. (Of what infinities make, the
+ * signs and payloads of NaN may differ.) Poles near the unit circle amplify the rounding of the delay line, a pair of
+ * radius 1 - e at angle 0 or pi by up to 1 / e^2: there prefer the members for double to those for float. Quotients of
+ * the normalisation are formed in double; complex ones neither overflow nor vanish before the result does.
  *
  * In place: outSamps may be inSamps where data and results are of one type; other overlaps are not allowed.
  *
- * Denormal numbers: float filters whose input has ended pass through the denormal range of float in the outputs only;
- * in blocks their states are doubles and leave the range of float as zeros, so that a decaying tail costs no time.
+ * Denormal numbers: when its input has ended, a filter's state decays through the denormal range of its type (float:
+ * below 1.2e-38), and with poles near the unit circle rounding keeps denormals in it for ever. They cost no time on the
+ * processor that the library is measured on; one that is slow with them is relieved by InitDlyl, which clears the state,
+ * or by noise of about 1e-20 that is added to the input. The state of w is float, too.
  *
  * 16-bit data (w): float coefficients, laid out and normalised as those of s, and a float delay line. Results are formed
  * in double, rounded to the nearest integer, ties to even, then scaled: the modes 0 to 4 as in types.h, shifts of at most

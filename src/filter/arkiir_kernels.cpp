@@ -1,232 +1,258 @@
-// Biquad cascades and direct forms.
+// Biquad cascades and direct forms. Nothing is fused here: single samples, which are compiled once, are not either.
 #include "frame/kernels.hpp"
 #include "frame/simd.hpp"
 
 namespace ark::ARK_SET {
 namespace {
 
-// ---- one, two, four or eight doubles, at the most a register ----
+// ---- two, four or eight doubles, at the most a register ----
 
 template <int count>
 struct DoublesOf {
     typedef double Type __attribute__((vector_size(8 * count)));
-    typedef long long Integers __attribute__((vector_size(8 * count)));
-};
-template <>
-struct DoublesOf<1> {
-    using Type = double;
 };
 template <int count>
 using Doubles = typename DoublesOf<count>::Type;
 
+// Every lane moves one down; the last becomes the first of next.
 template <int count, std::size_t... i>
-ARK_INLINE Doubles<count> repeated(double x, std::index_sequence<i...>)
+ARK_INLINE Doubles<count> shiftedIn(Doubles<count> v, Doubles<count> next, std::index_sequence<i...>)
 {
-    return Doubles<count>{(static_cast<void>(i), x)...};
-}
-
-// Every lane moves one down; the last becomes x.
-template <int count, std::size_t... i>
-ARK_INLINE Doubles<count> shiftedIn(Doubles<count> v, double x, std::index_sequence<i...> all)
-{
-    if constexpr (count == 1)
-        return x;
 #if ARK_AVX512
-    else if constexpr (count == 4)
-        return (Doubles<4>)_mm256_alignr_epi64((__m256i)repeated<4>(x, all), (__m256i)v, 1);
+    if constexpr (count == 4)
+        return (Doubles<4>)_mm256_alignr_epi64((__m256i)next, (__m256i)v, 1);
     else if constexpr (count == 8)
-        return (Doubles<8>)_mm512_alignr_epi64((__m512i)repeated<8>(x, all), (__m512i)v, 1);
+        return (Doubles<8>)_mm512_alignr_epi64((__m512i)next, (__m512i)v, 1);
+    else
 #endif
-    else
-        return __builtin_shufflevector(v, repeated<count>(x, all), int(i + 1)...);
+        return __builtin_shufflevector(v, next, int(i + 1)...);
 }
 
-template <int count>
-ARK_INLINE double firstLane(Doubles<count> v)
+// To the state's type and back.
+template <class State, int count>
+ARK_INLINE Doubles<count> rounded(Doubles<count> v)
 {
-    if constexpr (count == 1)
+    if constexpr (sizeof(State) == sizeof(double))
         return v;
+    else if constexpr (count == 2)
+        return (Doubles<2>)_mm_cvtps_pd(_mm_cvtpd_ps((__m128d)v));
+#if ARK_AVX2 || ARK_AVX512
+    else if constexpr (count == 4)
+        return (Doubles<4>)_mm256_cvtps_pd(_mm256_cvtpd_ps((__m256d)v));
+#endif
+#if ARK_AVX512
     else
-        return v[0];
+        return (Doubles<8>)_mm512_cvtps_pd(_mm512_cvtpd_ps((__m512d)v));
+#endif
 }
-
-// v with one lane taken from another.
-template <int count>
-ARK_INLINE Doubles<count> withLane(Doubles<count> v, Doubles<count> other, int lane)
+template <class State, int count>
+ARK_INLINE Number<Doubles<count>, 1> rounded(Number<Doubles<count>, 1> x)
 {
-    if constexpr (count == 1)
-        return other;
-    else {
-        using Integers = typename DoublesOf<count>::Integers;
-        Integers index;
-        for (int i = 0; i < count; i++)
-            index[i] = i;
-        const Integers mask = index == Integers{} + lane;
-        return (Doubles<count>)(((Integers)other & mask) | ((Integers)v & ~mask));
-    }
+    return {rounded<State, count>(x.re)};
+}
+template <class State, int count>
+ARK_INLINE Number<Doubles<count>, 2> rounded(Number<Doubles<count>, 2> x)
+{
+    return {rounded<State, count>(x.re), rounded<State, count>(x.im)};
 }
 
 // ---- biquads: a pipeline of sections ----
-//
-// The recurrence w = v - a1 d0 - a2 d1 of a section cannot take its next sample before one fused multiplication and
-// addition is done. So the sections run side by side, one a lane, and each works on the sample that lies `skew` samples
-// behind that of the section before: this gives a section's output the time to become the next one's input. The first
-// section is in the last lane, so that the last section's output is where a store costs nothing.
-constexpr std::ptrdiff_t skew = 4;
 
-template <int count, int coefParts, int parts>
+// f(0), f(1), ..., their arguments constants.
+template <int count, class F>
+ARK_INLINE void unrolled(F f)
+{
+    [&]<int... i>(std::integer_sequence<int, i...>) ARK_INLINED { (f(std::integral_constant<int, i>{}), ...); }
+    (std::make_integer_sequence<int, count>{});
+}
+
+// The recurrence w = v - a1 d0 - a2 d1 of a section cannot take its next sample before a multiplication, an addition
+// and the rounding of w are done. So the sections run side by side, one a lane of one or more registers, and each works
+// on the sample that lies `skew` samples behind that of the section before: this gives a section's output the time to
+// become the next one's input. The first section is in the last lane of the first register; lanes behind the last
+// section compute what nobody reads.
+template <class State, int width, int registers, int coefParts, int parts>
 struct Pipeline {
-    using V = Doubles<count>;
-    using Coef = Number<V, coefParts>;
+    static constexpr int count = width * registers; // at the most as many sections
+    static constexpr std::ptrdiff_t skew = 2;
+    static_assert(skew * (count - 1) < IirKernels::leastBlock);
+
+    using V = Doubles<width>;
     using Value = Number<V, parts>;
 
-    Coef minusA1, minusA2, b1, b2;
-    Value d0, d1;
-    Value outputs[skew]; // of the last steps
+    Section<V, coefParts> sections[registers];
+    Value d0[registers], d1[registers];
+    Value before[registers], outputs[registers]; // of the last two steps
 
     static ARK_INLINE V loadPart(const double* from)
     {
-        double reversed[count];
-        for (int i = 0; i < count; i++)
-            reversed[i] = from[count - 1 - i];
+        double reversed[width];
+        for (int i = 0; i < width; i++)
+            reversed[i] = from[width - 1 - i];
         V v;
         __builtin_memcpy(&v, reversed, sizeof v);
         return v;
     }
-    static ARK_INLINE void storePart(double* to, V v)
+    // Coefficients of sections from the first on.
+    static ARK_INLINE Number<V, coefParts> load(const BiquadRun::Lanes& from, int first)
     {
-        double reversed[count];
-        __builtin_memcpy(reversed, &v, sizeof v);
-        for (int i = 0; i < count; i++)
-            to[i] = reversed[count - 1 - i];
-    }
-
-    // Sections first ... first + count - 1.
-    template <int p>
-    static ARK_INLINE Number<V, p> load(const BiquadRun::Lanes& from, int first)
-    {
-        if constexpr (p == 2)
+        if constexpr (coefParts == 2)
             return {loadPart(from[0] + first), loadPart(from[1] + first)};
         else
             return {loadPart(from[0] + first)};
     }
-    static ARK_INLINE void store(BiquadRun::Lanes& to, int first, Value v)
-    {
-        storePart(to[0] + first, v.re);
-        if constexpr (parts == 2)
-            storePart(to[1] + first, v.im);
-    }
 
-    static ARK_INLINE Value withSection(Value v, Value other, int section)
+    // Of copies: what is indexed by a variable lives in memory.
+    static ARK_INLINE double laneOf(V v, int lane) { return v[lane]; }
+    static ARK_INLINE V withLane(V v, int lane, double x)
     {
-        v.re = withLane<count>(v.re, other.re, count - 1 - section);
-        if constexpr (parts == 2)
-            v.im = withLane<count>(v.im, other.im, count - 1 - section);
+        v[lane] = x;
         return v;
     }
-
-    ARK_INLINE void step(int s, double* const* signal, std::ptrdiff_t input)
+    using Values = Value[registers];
+    static ARK_INLINE void begin(Values& values, int section, const BiquadRun::Lanes& from, int at)
     {
-        constexpr std::make_index_sequence<count> all;
-        Value v = outputs[s];
-        v.re = shiftedIn<count>(v.re, signal[0][input], all);
-        if constexpr (parts == 2)
-            v.im = shiftedIn<count>(v.im, signal[1][input], all);
-        const Value w = plusProduct(plusProduct(v, minusA2, d1), minusA1, d0);
-        outputs[s] = w + plusProduct(b2 * d1, b1, d0);
-        d1 = d0;
-        d0 = w;
+        unrolled<registers>([&](auto r) ARK_INLINED {
+            const int lane = r * width + width - 1 - section;
+            if (lane >= 0 && lane < width) {
+                values[r].re = withLane(values[r].re, lane, from[0][at]);
+                if constexpr (parts == 2)
+                    values[r].im = withLane(values[r].im, lane, from[1][at]);
+            }
+        });
+    }
+    static ARK_INLINE void end(const Values& values, int section, BiquadRun::Lanes& to, int at)
+    {
+        unrolled<registers>([&](auto r) ARK_INLINED {
+            const int lane = r * width + width - 1 - section;
+            if (lane >= 0 && lane < width) {
+                to[0][at] = laneOf(values[r].re, lane);
+                if constexpr (parts == 2)
+                    to[1][at] = laneOf(values[r].im, lane);
+            }
+        });
     }
 
-    ARK_INLINE void put(int s, double* const* signal, std::ptrdiff_t output) const
+    // The signal's first numbers enter the first register, what leaves one enters the next.
+    ARK_INLINE void step(double* const* signal, std::ptrdiff_t input)
     {
-        signal[0][output] = firstLane<count>(outputs[s].re);
+        Value entering;
+        entering.re = V{signal[0][input]};
         if constexpr (parts == 2)
-            signal[1][output] = firstLane<count>(outputs[s].im);
+            entering.im = V{signal[1][input]};
+        unrolled<registers>([&](auto r) ARK_INLINED {
+            constexpr std::make_index_sequence<width> all;
+            Value v, w;
+            v.re = shiftedIn<width>(before[r].re, entering.re, all);
+            if constexpr (parts == 2)
+                v.im = shiftedIn<width>(before[r].im, entering.im, all);
+            entering = before[r];
+            before[r] = outputs[r];
+            outputs[r] = sectionStep(sections[r], v, d0[r], d1[r], w);
+            d1[r] = d0[r];
+            d0[r] = rounded<State, width>(w);
+        });
     }
 
-    // Of sections first ... first + count - 1; n >= skew (count - 1).
-    ARK_INLINE void run(BiquadRun& r, int first, double* const* signal, std::ptrdiff_t n)
+    // The last section's output. Of several registers more than half of the lanes are used: so it is in one of the
+    // last, of which a copy is indexed.
+    ARK_INLINE void put(int last, double* const* signal, std::ptrdiff_t output) const
     {
-        minusA1 = load<coefParts>(r.minusA1, first);
-        minusA2 = load<coefParts>(r.minusA2, first);
-        b1 = load<coefParts>(r.b1, first);
-        b2 = load<coefParts>(r.b2, first);
-        const Value start0 = d0 = load<parts>(r.d0, first), start1 = d1 = load<parts>(r.d1, first);
-        for (int s = 0; s < skew; s++)
-            outputs[s] = Value{};
+        constexpr int nearest = registers > 2 ? registers / 2 : registers - 1;
+        Value copies[registers - nearest];
+        unrolled<registers - nearest>([&](auto r) ARK_INLINED { copies[r] = outputs[nearest + r]; });
+        const Value& v = copies[nearest < registers - 1 ? last / width - nearest : 0];
+        const int lane = width - 1 - last % width;
+        signal[0][output] = v.re[lane];
+        if constexpr (parts == 2)
+            signal[1][output] = v.im[lane];
+    }
 
-        // A section that the signal has not reached yet computes nothing useful; it gets its state when it begins.
-        for (int begun = 1; begun < count; begun++) {
-            for (int s = 0; s < skew; s++)
-                step(s, signal, skew * (begun - 1) + s);
-            d0 = withSection(d0, start0, begun);
-            d1 = withSection(d1, start1, begun);
+    // Of used sections, at the most count, of several registers more than count / 2; n > skew (used - 1).
+    ARK_INLINE void run(BiquadRun& r, int first, int used, double* const* signal, std::ptrdiff_t n)
+    {
+        unrolled<registers>([&](auto k) ARK_INLINED {
+            const int at = first + k * width;
+            sections[k] = {load(r.minusA1, at), load(r.minusA2, at), load(r.b1, at), load(r.b2, at)};
+            d0[k] = d1[k] = before[k] = outputs[k] = Value{};
+        });
+        const std::ptrdiff_t delay = skew * (used - 1);
+        // Before the first output, signal[0] has been read already and is written in vain.
+        const auto next = [&](std::ptrdiff_t at) ARK_INLINED {
+            step(signal, at < n ? at : n - 1);
+            put(used - 1, signal, at > delay ? at - delay : 0);
+        };
+        std::ptrdiff_t i = 0;
+        for (int event = 0; event < 2 * used; event++) {
+            const bool begins = event < used;
+            const int section = begins ? event : event - used;
+            const std::ptrdiff_t until = (begins ? 0 : n) + skew * section;
+            for (; i + 1 < until; i += 2) { // so `before` and `outputs` just change their names
+                next(i);
+                next(i + 1);
+            }
+            if (i < until)
+                next(i++);
+            if (begins) {
+                begin(d0, section, r.d0, first + section);
+                begin(d1, section, r.d1, first + section);
+            } else {
+                end(d0, section, r.d0, first + section);
+                end(d1, section, r.d1, first + section);
+            }
         }
-        constexpr std::ptrdiff_t delay = skew * (count - 1);
-        std::ptrdiff_t i = delay;
-        for (; i + skew <= n; i += skew)
-            for (int s = 0; s < skew; s++) {
-                step(s, signal, i + s);
-                put(s, signal, i + s - delay);
-            }
-        // The same at the end: a section's state is put aside when it has had its last sample.
-        const int rest = int(n - i);
-        Value end0 = d0, end1 = d1;
-        for (int ended = 0;; ended++, i += skew)
-            for (int s = 0; s < skew; s++) {
-                if (s == rest) {
-                    end0 = withSection(end0, d0, ended);
-                    end1 = withSection(end1, d1, ended);
-                    if (ended == count - 1) {
-                        store(r.d0, first, end0);
-                        store(r.d1, first, end1);
-                        return;
-                    }
-                }
-                step(s, signal, i + s < n ? i + s : n - 1);
-                put(s, signal, i + s - delay);
-            }
     }
 };
 
-template <int count, int coefParts, int parts>
-ARK_INLINE int run(BiquadRun& r, int first, double* const* signal, std::ptrdiff_t n)
+// How many lanes a register of a pipeline has. Conversions of two numbers take least time, and a float state waits for
+// them at every sample: so it has registers of two, but no more of them than there are to keep all at hand.
+template <class State, int count, int parts>
+constexpr int widthOf()
 {
-    if constexpr (count <= lanes<double>)
-        Pipeline<count, coefParts, parts>{}.run(r, first, signal, n);
-    return count;
+    const int preferred = sizeof(State) == sizeof(double) ? count : count * parts <= 8 ? 2 : 4;
+    return preferred < lanes<double> ? preferred : lanes<double>;
 }
 
-template <int coefParts, int parts>
+template <class State, int coefParts, int parts>
 void biquads(BiquadRun& r, int sections, double* const* signal, std::ptrdiff_t n)
 {
     for (int first = 0; first < sections;) {
-        // Filling and draining a pipeline takes time: short blocks use short ones.
         const int rest = sections - first;
-        if (lanes<double> >= 8 && rest > 4 && n >= 16 * skew)
-            first += run<8, coefParts, parts>(r, first, signal, n);
-        else if (lanes<double> >= 4 && rest > 2 && n >= 6 * skew)
-            first += run<4, coefParts, parts>(r, first, signal, n);
-        else if (rest > 1 && n >= 2 * skew)
-            first += run<2, coefParts, parts>(r, first, signal, n);
+        const auto run = [&]<int count>(std::integral_constant<int, count>) ARK_INLINED {
+            constexpr int width = widthOf<State, count, parts>();
+            const int used = rest < count ? rest : count;
+            Pipeline<State, width, count / width, coefParts, parts>{}.run(r, first, used, signal, n);
+            return used;
+        };
+        constexpr int most = 8 / widthOf<State, 8, parts>() * parts <= 4 ? 8 : 4; // what fits into the registers
+        if (most == 8 && rest > 4)
+            first += run(std::integral_constant<int, most>{});
+        else if (rest > 2)
+            first += run(std::integral_constant<int, 4>{});
         else
-            first += run<1, coefParts, parts>(r, first, signal, n);
+            first += run(std::integral_constant<int, 2>{});
     }
 }
 
 // ---- direct form ----
 
-template <int coefParts, int parts>
+template <class State, int coefParts, int parts>
 void direct(DirectRun& run, int order, double* const* signal, std::ptrdiff_t n)
 {
+    const auto setState = [&](int k, Number<double, parts> x) ARK_INLINED {
+        x.re = State(x.re);
+        if constexpr (parts == 2)
+            x.im = State(x.im);
+        putNumber(run.d, k, x);
+    };
+    const auto b = [&](int k) ARK_INLINED { return numberAt<coefParts>(run.b, k); };
+    const auto minusA = [&](int k) ARK_INLINED { return numberAt<coefParts>(run.minusA, k); };
     for (std::ptrdiff_t i = 0; i < n; i++) {
         const auto x = numberAt<parts>(signal, i);
-        const auto y = plusProduct(numberAt<parts>(run.d, 0), numberAt<coefParts>(run.b, 0), x);
-        for (int k = 1; k <= order; k++)
-            putNumber(run.d, k - 1,
-                      plusProduct(plusProduct(numberAt<parts>(run.d, k), numberAt<coefParts>(run.b, k), x),
-                                  numberAt<coefParts>(run.minusA, k), y));
+        const auto y = plusProduct(numberAt<parts>(run.d, 0), b(0), x);
+        for (int k = 1; k < order; k++)
+            setState(k - 1, directStep(numberAt<parts>(run.d, k), b(k), x, minusA(k), y));
+        setState(order - 1, directLast(b(order), x, minusA(order), y));
         putNumber(signal, i, y);
     }
 }
@@ -236,27 +262,18 @@ void direct(DirectRun& run, int order, double* const* signal, std::ptrdiff_t n)
 template <class T, int coefParts>
 void widen(const T* src, const double* gain, double* const* signal, std::ptrdiff_t n)
 {
-    constexpr bool isPair = isComplex<T>;
-    const Real<T>* x = partsOf(src);
-    double *re = signal[0], *im = signal[1];
-    const double gainRe = gain[0], gainIm = coefParts == 2 ? gain[1] : 0;
-    if constexpr (isPair && coefParts == 2)
-        for (std::ptrdiff_t i = 0; i < n; i++) {
-            const double a = x[2 * i], b = x[2 * i + 1];
-            re[i] = gainRe * a - gainIm * b;
-            im[i] = gainRe * b + gainIm * a;
-        }
-    else if constexpr (isPair)
-        for (std::ptrdiff_t i = 0; i < n; i++) {
-            re[i] = gainRe * x[2 * i];
-            im[i] = gainRe * x[2 * i + 1];
-        }
-    else
-        for (std::ptrdiff_t i = 0; i < n; i++) {
-            re[i] = gainRe * x[i];
-            if constexpr (coefParts == 2)
-                im[i] = gainIm * x[i];
-        }
+    constexpr int dataParts = isComplex<T> ? 2 : 1;
+    const Real<T>* const x = partsOf(src);
+    double* const to[2]{signal[0], signal[1]};
+    const double gains[2][1]{{gain[0]}, {gain[coefParts - 1]}};
+    const auto factor = numberAt<coefParts>(gains, 0);
+    for (std::ptrdiff_t i = 0; i < n; i++) {
+        Number<double, dataParts> value;
+        value.re = x[dataParts * i];
+        if constexpr (dataParts == 2)
+            value.im = x[2 * i + 1];
+        putNumber(to, i, factor * value);
+    }
 }
 
 template <class T>
@@ -275,15 +292,20 @@ void narrow(const double* const* signal, T* dst, std::ptrdiff_t n)
 template <class T>
 constexpr IirDataKernels<T> dataTable{{widen<T, 1>, widen<T, 2>}, narrow<T>};
 
-template <int coefParts, int parts>
-constexpr IirKernels::Structures structures{biquads<coefParts, parts>, direct<coefParts, parts>};
+template <class State, int coefParts, int parts>
+constexpr IirKernels::Structures structures{biquads<State, coefParts, parts>, direct<State, coefParts, parts>};
 
 } // namespace
 
 extern const IirKernels iir;
 
-constinit const IirKernels iir{dataTable<float>,     dataTable<double>,
-                               dataTable<FloatCplx>, dataTable<DoubleCplx>,
-                               {{widen<short, 1>}},  {{structures<1, 1>, structures<1, 2>}, {{}, structures<2, 2>}}};
+constinit const IirKernels iir{
+    dataTable<float>,
+    dataTable<double>,
+    dataTable<FloatCplx>,
+    dataTable<DoubleCplx>,
+    {{widen<short, 1>}},
+    {{{structures<float, 1, 1>, structures<float, 1, 2>}, {{}, structures<float, 2, 2>}},
+     {{structures<double, 1, 1>, structures<double, 1, 2>}, {{}, structures<double, 2, 2>}}}};
 
 } // namespace ark::ARK_SET

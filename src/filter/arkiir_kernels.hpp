@@ -46,6 +46,21 @@ template <class V>
 {
     return {c.re * x.re - c.im * x.im, c.re * x.im + c.im * x.re};
 }
+template <class V>
+[[gnu::always_inline]] inline Number<V, 2> operator*(Number<V, 2> c, Number<V, 1> x)
+{
+    return {c.re * x.re, c.im * x.re};
+}
+template <class V>
+[[gnu::always_inline]] inline Number<V, 1> operator-(Number<V, 1> x)
+{
+    return {-x.re};
+}
+template <class V>
+[[gnu::always_inline]] inline Number<V, 2> operator-(Number<V, 2> x)
+{
+    return {-x.re, -x.im};
+}
 
 // sum + c x, one product after the other.
 template <class V, int parts>
@@ -57,6 +72,41 @@ template <class V>
 [[gnu::always_inline]] inline Number<V, 2> plusProduct(Number<V, 2> sum, Number<V, 2> c, Number<V, 2> x)
 {
     return {sum.re + c.re * x.re - c.im * x.im, sum.im + c.re * x.im + c.im * x.re};
+}
+
+// ---- one sample, of single calls and in every lane of a block ----
+//
+// Both do the same operations in the same order, none of them fused: so blocks give the bits of single calls, on every
+// processor. What goes into the delay line is then rounded to its type.
+
+template <class V, int parts>
+struct Section {
+    Number<V, parts> minusA1, minusA2, b1, b2; // b0 = 1
+};
+
+// w, which d0 becomes, is what the next sample waits for: d0 comes last.
+template <class V, int coefParts, int parts>
+[[gnu::always_inline]] inline Number<V, parts> sectionStep(const Section<V, coefParts>& c, Number<V, parts> v,
+                                                           Number<V, parts> d0, Number<V, parts> d1,
+                                                           Number<V, parts>& w)
+{
+    w = plusProduct(plusProduct(v, c.minusA2, d1), c.minusA1, d0);
+    return w + plusProduct(c.b2 * d1, c.b1, d0);
+}
+
+// The direct form's new d[k-1] from the old d[k], and its last one.
+template <class V, int coefParts, int parts>
+[[gnu::always_inline]] inline Number<V, parts> directStep(Number<V, parts> next, Number<V, coefParts> b,
+                                                          Number<V, parts> x, Number<V, coefParts> minusA,
+                                                          Number<V, parts> y)
+{
+    return plusProduct(plusProduct(next, b, x), minusA, y);
+}
+template <class V, int coefParts, int parts>
+[[gnu::always_inline]] inline Number<V, parts> directLast(Number<V, coefParts> b, Number<V, parts> x,
+                                                          Number<V, coefParts> minusA, Number<V, parts> y)
+{
+    return plusProduct(b * x, minusA, y);
 }
 
 // The number at index i of an array for each part, and back.
@@ -76,8 +126,8 @@ template <class T, int parts>
         arrays[1][i] = x.im;
 }
 
-// Up to eight sections in a row that run together, with their state. What is behind the last section must be zero: it
-// passes everything on. Second parts are used by complex numbers only.
+// Up to eight sections in a row that run together, with their state. What is behind the last section must be a number,
+// and is of no effect. Second parts are used by complex numbers only.
 struct BiquadRun {
     static constexpr int capacity = 8;
 
@@ -91,7 +141,7 @@ struct DirectRun {
     static constexpr int capacity = 64; // highest order
 
     using Array = double[2][capacity + 1];
-    Array b, minusA, d; // a1 ... aN in minusA[1] ... minusA[N]
+    Array b, minusA, d; // a1 ... aN in minusA[1] ... minusA[N], the state in d[0] ... d[N-1]
 };
 
 // Between elements and doubles, of complex signals the two parts apart.
@@ -113,7 +163,11 @@ struct IirKernels : IirDataKernels<float>,
                     IirDataKernels<FloatCplx>,
                     IirDataKernels<DoubleCplx>,
                     IirDataKernels<short> {
-    // n values in place, of a complex signal the two parts apart. Products and sums are fused where the processor can.
+    // Filling and draining a pipeline takes time: below this a block's samples are done sooner one by one.
+    static constexpr std::ptrdiff_t leastBlock = 16;
+
+    // n >= leastBlock values in place, of a complex signal the two parts apart; the state is rounded to its type after
+    // each value.
     using Biquads = void (*)(BiquadRun& run, int sections, double* const* signal, std::ptrdiff_t n);
     using Direct = void (*)(DirectRun& run, int order, double* const* signal, std::ptrdiff_t n);
 
@@ -121,7 +175,7 @@ struct IirKernels : IirDataKernels<float>,
         Biquads biquads;
         Direct direct; // order 1 to DirectRun::capacity
     };
-    Structures structures[2][2]; // real, complex coefficients; real, complex signal
+    Structures structures[2][2][2]; // state of floats, doubles; real, complex coefficients; real, complex signal
 };
 
 } // namespace ark

@@ -35,9 +35,6 @@ T narrowed(Number<double, parts<T>> x)
         return T(x.re);
 }
 
-inline Number<double, 1> operator-(Number<double, 1> x) { return {-x.re}; }
-inline Number<double, 2> operator-(Number<double, 2> x) { return {-x.re, -x.im}; }
-
 template <class T>
 const IirDataKernels<T>& iirData()
 {
@@ -61,7 +58,7 @@ public:
           isBiquad_{tapState.isBiquad == 1}
     {}
 
-    Value filterOne(Data sample) const { return isBiquad_ ? cascadeOne(widen(sample)) : directOne(widen(sample)); }
+    Value filterOne(Data sample) const { return isBiquad_ ? cascadeOne(sample) : directOne(sample); }
 
     // Filters n samples and hands the results, still in double, to deliver(results, first, count): an array for each
     // part. src may be overwritten with what has been delivered.
@@ -72,16 +69,11 @@ public:
         double* const signal[2]{results[0], results[valueParts - 1]};
         for (std::ptrdiff_t first = 0; first < n; first += capacity) {
             const std::ptrdiff_t count = std::min(capacity, n - first);
-            if (count < worthwhile || (!isBiquad_ && (order_ < 1 || order_ > DirectRun::capacity)))
+            if (count < IirKernels::leastBlock || (!isBiquad_ && (order_ < 1 || order_ > DirectRun::capacity)))
                 for (std::ptrdiff_t i = 0; i < count; i++)
                     putNumber(signal, i, filterOne(src[first + i]));
             else {
-                Coef gain{};
-                gain.re = 1;
-                if (isBiquad_)
-                    gain = coef(0);
-                iirData<Data>().load[coefParts - 1](src + first, &gain.re, signal, count);
-                isBiquad_ ? cascade(signal, count) : direct(signal, count);
+                isBiquad_ ? cascade(src + first, signal, count) : direct(src + first, signal, count);
             }
             deliver(signal, first, count);
         }
@@ -89,58 +81,65 @@ public:
 
 private:
     static constexpr std::ptrdiff_t capacity = 512;
-    static constexpr std::ptrdiff_t worthwhile = 8; // fewer samples are done before a kernel has its registers filled
 
-    static Value widen(Data x) { return widened<valueParts>(x); }
     Coef coef(std::ptrdiff_t i) const { return widened<coefParts>(taps_[i]); }
     Value delay(std::ptrdiff_t i) const { return widened<valueParts>(delay_[i]); }
     void setDelay(std::ptrdiff_t i, Value x) const { delay_[i] = narrowed<Element>(x); }
 
-    Value directOne(Value x) const
+    Section<double, coefParts> section(std::ptrdiff_t i) const
     {
+        const std::ptrdiff_t first = 1 + 4 * i; // a1, a2, b1, b2
+        return {-coef(first), -coef(first + 1), coef(first + 2), coef(first + 3)};
+    }
+
+    Value directOne(Data sample) const
+    {
+        const Value x = widened<valueParts>(sample);
         const std::ptrdiff_t n = order_;
         if (n == 0)
             return coef(0) * x;
-        const Value y = plusProduct(delay(0), coef(0), x), minusY = -y;
+        const Value y = plusProduct(delay(0), coef(0), x);
         for (std::ptrdiff_t i = 1; i < n; i++)
-            setDelay(i - 1, plusProduct(plusProduct(delay(i), coef(i), x), coef(n + i), minusY));
-        setDelay(n - 1, plusProduct(coef(n) * x, coef(n + n), minusY));
+            setDelay(i - 1, directStep(delay(i), coef(i), x, -coef(n + i), y));
+        setDelay(n - 1, directLast(coef(n), x, -coef(n + n), y));
         return y;
     }
 
-    Value cascadeOne(Value x) const
+    Value cascadeOne(Data sample) const
     {
-        Value v = coef(0) * x;
-        for (std::ptrdiff_t i = 0; i < order_; i += 2) {
-            const std::ptrdiff_t first = 1 + 2 * i; // a1, a2, b1, b2
-            const Value d0 = delay(i), d1 = delay(i + 1);
-            const Value w = plusProduct(plusProduct(v, coef(first + 1), -d1), coef(first), -d0);
-            v = w + plusProduct(coef(first + 3) * d1, coef(first + 2), d0);
-            setDelay(i + 1, d0);
-            setDelay(i, w);
+        Value v = coef(0) * widened<parts<Data>>(sample);
+        for (std::ptrdiff_t i = 0; i < order_ / 2; i++) {
+            const Value d0 = delay(2 * i), d1 = delay(2 * i + 1);
+            Value w;
+            v = sectionStep(section(i), v, d0, d1, w);
+            setDelay(2 * i + 1, d0);
+            setDelay(2 * i, w);
         }
         return v;
     }
 
     static const IirKernels::Structures& kernel()
     {
-        return kernels<IirKernels>().structures[coefParts - 1][valueParts - 1];
+        constexpr bool isDouble = sizeof(Real<Element>) == sizeof(double);
+        return kernels<IirKernels>().structures[isDouble][coefParts - 1][valueParts - 1];
     }
 
-    void cascade(double* const* signal, std::ptrdiff_t n) const
+    void cascade(const Data* src, double* const* signal, std::ptrdiff_t n) const
     {
+        const Coef gain = coef(0);
+        iirData<Data>().load[coefParts - 1](src, &gain.re, signal, n);
         const std::ptrdiff_t sections = order_ / 2;
         for (std::ptrdiff_t first = 0; first < sections; first += BiquadRun::capacity) {
             const std::ptrdiff_t count = std::min<std::ptrdiff_t>(BiquadRun::capacity, sections - first);
             BiquadRun run{};
             for (std::ptrdiff_t i = 0; i < count; i++) {
-                const std::ptrdiff_t taps = 1 + 4 * (first + i), delays = 2 * (first + i);
-                putNumber(run.minusA1, i, -coef(taps));
-                putNumber(run.minusA2, i, -coef(taps + 1));
-                putNumber(run.b1, i, coef(taps + 2));
-                putNumber(run.b2, i, coef(taps + 3));
-                putNumber(run.d0, i, delay(delays));
-                putNumber(run.d1, i, delay(delays + 1));
+                const Section<double, coefParts> c = section(first + i);
+                putNumber(run.minusA1, i, c.minusA1);
+                putNumber(run.minusA2, i, c.minusA2);
+                putNumber(run.b1, i, c.b1);
+                putNumber(run.b2, i, c.b2);
+                putNumber(run.d0, i, delay(2 * (first + i)));
+                putNumber(run.d1, i, delay(2 * (first + i) + 1));
             }
             kernel().biquads(run, int(count), signal, n);
             for (std::ptrdiff_t i = 0; i < count; i++) {
@@ -150,14 +149,19 @@ private:
         }
     }
 
-    void direct(double* const* signal, std::ptrdiff_t n) const
+    void direct(const Data* src, double* const* signal, std::ptrdiff_t n) const
     {
+        const double one = 1; // a complex one would make NaN of infinities
+        iirData<Data>().load[0](src, &one, signal, n);
+        if constexpr (parts<Data> < valueParts)
+            std::fill_n(signal[1], n, 0.0);
         DirectRun run;
         for (std::ptrdiff_t i = 0; i <= order_; i++) {
             putNumber(run.b, i, coef(i));
             putNumber(run.minusA, i, i > 0 ? -coef(order_ + i) : Coef{});
-            putNumber(run.d, i, i < order_ ? delay(i) : Value{});
         }
+        for (std::ptrdiff_t i = 0; i < order_; i++)
+            putNumber(run.d, i, delay(i));
         kernel().direct(run, order_, signal, n);
         for (std::ptrdiff_t i = 0; i < order_; i++)
             setDelay(i, numberAt<valueParts>(run.d, i));

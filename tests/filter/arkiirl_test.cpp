@@ -9,6 +9,7 @@
 #include <cfloat>
 #include <climits>
 #include <cmath>
+#include <cstring>
 
 namespace {
 
@@ -144,6 +145,61 @@ TEST(IirFilters, EqualTheirDifferenceEquations)
         compareWithModel(member, 19, true, 1200);
     });
     EXPECT_TRUE(reports.take().empty());
+}
+
+// The same number to the bit, or two NaN.
+template <class T>
+bool same(T a, T b)
+{
+    if constexpr (requires { a.re; })
+        return same(a.re, b.re) && same(a.im, b.im);
+    else
+        return std::isnan(a) ? std::isnan(b) : std::memcmp(&a, &b, sizeof a) == 0;
+}
+
+template <class M>
+void compareBlocksWithSingleSamples(const M& member, int size, bool isCascade, double magnitude, bool infinite)
+{
+    using Data = typename M::Data;
+    using Result = typename M::Result;
+    std::vector<typename M::Taps> coefs;
+    for (int i = 0; i < (isCascade ? size : 1); i++)
+        for (const auto c : iir::randomFilter<typename M::Taps>(isCascade ? 2 : size, 0.95))
+            coefs.push_back(c);
+    std::vector<Data> input(600);
+    for (Data& x : input)
+        x = iir::randomValue<Data>(magnitude);
+    if (infinite)
+        input[input.size() / 2] = iir::narrow<Data>(Wide(HUGE_VAL, 1));
+    Filter<M> blocks(member, coefs, isCascade), singles(member, coefs, isCascade);
+    for (std::size_t done = 0; done < input.size();) {
+        const auto n =
+            std::min<std::size_t>(std::size_t(randomInt(1, randomInt(0, 1) ? 40 : 300)), input.size() - done);
+        std::vector<Result> output(n);
+        blocks.block(true, &input[done], output.data(), int(n));
+        for (std::size_t i = 0; i < n; i++)
+            ASSERT_TRUE(same(output[i], singles.one(true, input[done + i])))
+                << (isCascade ? "cascade of " : "order ") << size << ", sample " << i << " of a block of " << n;
+        for (std::size_t i = 0; i < coefs.size() / (isCascade ? 3 : 2) - !isCascade; i++)
+            ASSERT_TRUE(same(blocks.delay[i], singles.delay[i]))
+                << (isCascade ? "cascade of " : "order ") << size << ", state " << i << " after a block of " << n;
+        done += n;
+    }
+}
+
+// However a signal is cut into blocks, and among denormal numbers and after an infinity as well.
+TEST(IirFilters, BlocksGiveTheBitsOfSingleSamples)
+{
+    forEachMember([](const auto& member) {
+        SCOPED_TRACE(typeid(member).name());
+        for (const double magnitude : {1.0, 1e-38})
+            for (const bool infinite : {false, true}) {
+                for (int order = 0; order <= 6; order++)
+                    compareBlocksWithSingleSamples(member, order, false, magnitude, infinite);
+                for (int sections = 1; sections <= 9; sections++)
+                    compareBlocksWithSingleSamples(member, sections, true, magnitude, infinite);
+            }
+    });
 }
 
 TEST(IirFilters, OfOrder0NeedNoDelayLine)
@@ -330,9 +386,14 @@ TEST(IirReports, ComeInGroups)
 // ---- 16-bit data ----
 
 struct ShortFilter {
-    explicit ShortFilter(const std::vector<float>& coefs) : taps{coefs}, delay(coefs.size() / 3)
+    explicit ShortFilter(const std::vector<float>& coefs, bool isCascade = true)
+        : taps{coefs},
+          delay(isCascade ? coefs.size() / 3 : coefs.size() / 2 - 1)
     {
-        arkwIirlInitBq(0, taps.data(), int(coefs.size() / 6), &tapState);
+        if (isCascade)
+            arkwIirlInitBq(0, taps.data(), int(coefs.size() / 6), &tapState);
+        else
+            arkwIirlInit(0, taps.data(), int(delay.size()), &tapState);
         arkwIirlInitDlyl(&tapState, delay.data(), &dlyState);
     }
     std::vector<float> taps, delay;
@@ -395,6 +456,60 @@ TEST(IirShort, ResultsAreRoundedAndScaled)
     EXPECT_EQ(arkwIirl(&filter.tapState, &filter.dlyState, -30000, ARK_AUTO_SCALE, &factor), -22500);
     EXPECT_EQ(factor, 1);
     EXPECT_TRUE(reports.take().empty());
+}
+
+// The difference equations with normalised coefficients in double, states rounded to float.
+short plainCascade(const std::vector<float>& taps, std::vector<float>& d, short x)
+{
+    double v = double(taps[0]) * x;
+    for (std::size_t i = 0; i < d.size(); i += 2) {
+        const double a1 = taps[2 * i + 1], a2 = taps[2 * i + 2], b1 = taps[2 * i + 3], b2 = taps[2 * i + 4];
+        const double w = v - a2 * d[i + 1] - a1 * d[i];
+        v = w + (b1 * d[i] + b2 * d[i + 1]);
+        d[i + 1] = d[i];
+        d[i] = float(w);
+    }
+    return short(std::clamp(std::nearbyint(v), -32768.0, 32767.0));
+}
+short plainDirect(const std::vector<float>& taps, std::vector<float>& d, short x)
+{
+    const std::size_t n = d.size();
+    const double y = d[0] + double(taps[0]) * x;
+    for (std::size_t k = 1; k <= n; k++) {
+        const double input = double(taps[k]) * x;
+        d[k - 1] = float((k < n ? d[k] + input : input) - double(taps[n + k]) * y);
+    }
+    return short(std::clamp(std::nearbyint(y), -32768.0, 32767.0));
+}
+
+// Poles so near the unit circle that every rounding of the state is amplified to whole numbers.
+TEST(IirShort, ResultsAreExactToTheBit)
+{
+    const std::vector<float> narrow{1e-5f, 2e-5f, 1e-5f, 1, -1.9955f, 0.99554f};
+    std::vector<float> three = narrow;
+    three.insert(three.end(), {0.02f, 0.04f, 0.02f, 1, -1.56f, 0.64f, 0.5f, 0.1f, 0.3f, 1, -1.2f, 0.5f});
+    const std::vector<float> third{0.002f, 0.006f, 0.006f, 0.002f, 1, -2.9f, 2.81f, -0.9095f};
+    const auto compare = [](const std::vector<float>& coefs, bool isCascade) {
+        ShortFilter filter(coefs, isCascade);
+        std::vector<float> state(filter.delay.size());
+        std::vector<short> input, expected;
+        for (int i = 0; i < 20000; i++) {
+            input.push_back(short(15000 * std::sin(i * 0.01) + randomInt(-3000, 3000)));
+            expected.push_back((isCascade ? plainCascade : plainDirect)(filter.taps, state, input.back()));
+        }
+        for (int done = 0; done < 20000;) {
+            const int n = std::min(randomInt(1, 1000), 20000 - done);
+            short* const samples = &input[std::size_t(done)];
+            arkwbIirl(&filter.tapState, &filter.dlyState, samples, samples, n, ARK_SATURATE, nullptr);
+            done += n;
+        }
+        EXPECT_EQ(input, expected);
+        EXPECT_EQ(filter.delay, state);
+    };
+    compare(narrow, true);
+    compare(three, true);
+    compare(narrow, false);
+    compare(third, false);
 }
 
 TEST(IirShort, ReportsOfScaling)

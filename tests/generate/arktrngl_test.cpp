@@ -67,7 +67,8 @@ TYPED_TEST(Triangle, FollowsTheClosedForm)
             const auto mag = typename TypeParam::Magnitude(randomInt(100, 30000));
             typename TypeParam::State state;
             TypeParam::init(f, phase, mag, a, &state);
-            const double steepest = 2 * mag / (pi - std::fabs(double(a))),
+            const double narrow = pi - std::fabs(double(a)), wide = pi + std::fabs(double(a)),
+                         steepest = 2 * mag / narrow,
                          rounding = std::is_integral_v<typename TypeParam::Magnitude> ? 0.5 : 0;
             for (int n = 0, call = 0; n < 3000; call++) {
                 const int length = call % 2 ? randomInt(2, 300) : 1;
@@ -80,11 +81,12 @@ TYPED_TEST(Triangle, FollowsTheClosedForm)
                     const double t = phase + twoPi * f * n, angles[] = {t, t + (pi + a + twoPi) / 2};
                     const std::vector<double> got = partsOf(out[std::size_t(i)]);
                     for (std::size_t part = 0; part < got.size(); part++) {
-                        // A rounding error a sample, of the sum and of the step in it, which turning into the steeper
-                        // line makes larger; the angle of the imaginary part is off by what 2 pi as a float is off.
-                        const double tolerance =
-                            rounding + steepest * 2e-7 +
-                            (n + 4) * double(std::numeric_limits<Real>::epsilon()) * 4 * (mag + steepest);
+                        // A rounding error of value and step a sample, which turning into the steeper line makes larger
+                        // by the ratio of the slopes; the angle of the imaginary part is off by what 2 pi as a float is
+                        // off.
+                        const double tolerance = rounding + steepest * 2e-7 +
+                                                 (n + 4) * double(std::numeric_limits<Real>::epsilon()) * 2 *
+                                                     (mag * wide / narrow + steepest);
                         ASSERT_NEAR(got[part], mag * wave(angles[part], a), tolerance)
                             << "sample " << n << ", part " << part << " at " << f << ", asymmetry " << a;
                     }
