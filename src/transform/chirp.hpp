@@ -74,16 +74,18 @@ inline void chirpDft(DoubleCplx* z, int N, const double* table, const Workspace<
     const auto mpy = kernels<ArithKernels<DoubleCplx>>().mpy;
     const auto& fft = kernels<FftKernels<double>>().transform[interleaved];
     const auto in = pairsIn(static_cast<const DoubleCplx*>(z));
-    DoubleCplx sum{};
-    for (std::ptrdiff_t n = 0; n < N; n++)
-        sum = {sum.re + z[n].re, sum.im + z[n].im};
+    long double re = 0, im = 0; // so many terms, one after the other, would lose more in double than the FFTs do
+    for (std::ptrdiff_t n = 0; n < N; n++) {
+        re += z[n].re;
+        im += z[n].im;
+    }
     mpy(z, chirp, z, N);
     std::memset(z + N, 0, std::size_t(M - N) * sizeof *z);
     fft[bitReversedOutput].forward(in, pairsIn(z), order, space.fft, space.scratch, 1);
     mpy(z, chirp + N, z, M);
     fft[bitReversedInput].inverse(in, pairsIn(z), order, space.fft, space.scratch, 1);
     mpy(z, chirp, z, N);
-    z[0] = sum;
+    z[0] = {double(re), double(im)};
 }
 
 } // namespace ark
