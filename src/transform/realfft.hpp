@@ -103,10 +103,11 @@ template <class R>
 inline constexpr bool toSpectrum = true, toReal = false;
 
 // A transform of one real signal: direction says which side the spectrum is on. The single element of order 0 is
-// copied, as (x, 0) into a spectrum in CCS of its own.
+// copied, as (x, 0) into a spectrum in CCS of its own. Inlined as cplxFft is.
 template <bool direction, class R, std::size_t count>
-void realFft(Where at, const TransformKind& kind, const Check (&nulls)[count], const R* src, R* dst,
-             SpectrumLayout (*layoutOf)(int order), int order, int flags)
+[[gnu::always_inline]] inline void realFft(Where at, const TransformKind& kind, const Check (&nulls)[count],
+                                           const R* src, R* dst, SpectrumLayout (*layoutOf)(int order), int order,
+                                           int flags)
 {
     const Workspace<R> space = ready<R>(at, kind, nulls, order, flags);
     if (!space.isComplete)
@@ -126,12 +127,12 @@ void realFft(Where at, const TransformKind& kind, const Check (&nulls)[count], c
 }
 
 template <bool direction, class R>
-void ccsFft(Where at, R* samps, int order, int flags)
+[[gnu::always_inline]] inline void ccsFft(Where at, R* samps, int order, int flags)
 {
     realFft<direction, R>(at, ccsKind, {{!samps, "samps==0"}}, samps, samps, ccsLayout, order, flags);
 }
 template <bool direction, class In, class Out>
-void ccsFft(Where at, const In* in, Out* out, int order, int flags)
+[[gnu::always_inline]] inline void ccsFft(Where at, const In* in, Out* out, int order, int flags)
 {
     realFft<direction>(at, ccsKind, {{!in, "inSamps==0"}, {!out, "outSamps==0"}}, partsOf(in), partsOf(out), ccsLayout,
                        order, flags);
@@ -147,13 +148,13 @@ auto packedLayout(int flags)
 }
 
 template <bool direction, class R>
-void packedFft(Where at, R* samps, int order, int flags)
+[[gnu::always_inline]] inline void packedFft(Where at, R* samps, int order, int flags)
 {
     realFft<direction, R>(at, packedKind<direction>, {{!samps, "samps==0"}}, samps, samps,
                           packedLayout<direction>(flags), order, flags);
 }
 template <bool direction, class R>
-void packedFft(Where at, const R* in, R* out, int order, int flags)
+[[gnu::always_inline]] inline void packedFft(Where at, const R* in, R* out, int order, int flags)
 {
     realFft<direction, R>(at, packedKind<direction>, {{!in, "inSamps==0"}, {!out, "outSamps==0"}}, in, out,
                           packedLayout<direction>(flags), order, flags);

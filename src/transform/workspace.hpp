@@ -100,7 +100,7 @@ struct Workspace {
 
 // What is there already.
 template <class R>
-Workspace<R> present(const TransformKind& kind, int order)
+[[gnu::always_inline]] inline Workspace<R> present(const TransformKind& kind, int order)
 {
     Workspace<R> space;
     const int fftOrder = order - kind.halvings;
@@ -195,7 +195,8 @@ template <class R>
 // Complete when the transform is to be computed. Short transforms take less time than the checks one by one: a call
 // that has nothing to report and finds everything there is told apart at once.
 template <class R, std::size_t count>
-Workspace<R> ready(Where at, const TransformKind& kind, const Check (&nulls)[count], int order, int flags)
+[[gnu::always_inline]] inline Workspace<R> ready(Where at, const TransformKind& kind, const Check (&nulls)[count],
+                                                 int order, int flags)
 {
     const bool argumentsGood = isOrder(order) && noneFailed(nulls);
     Workspace<R> space;
