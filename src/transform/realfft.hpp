@@ -19,12 +19,12 @@ inline SpectrumLayout ccsLayout(int order) { return {2, std::ptrdiff_t{1} << ord
 inline SpectrumLayout packLayout(int order) { return {1, order > 0 ? (std::ptrdiff_t{1} << order) - 1 : 0, false}; }
 inline SpectrumLayout permLayout(int order) { return {2, order > 0, false}; }
 
-// Calls body with 0 ... N/2 - 2 as constants: no index of a spectrum is a variable, so that it stays in registers.
-template <int N, class Body>
-[[gnu::always_inline]] inline void forEachPair(Body body)
+// Calls body with 0 ... count - 1 as constants: no index is a variable, so that what is indexed stays in registers.
+template <int count, class Body>
+[[gnu::always_inline]] inline void forEach(Body body)
 {
-    [body]<int... i>(std::integer_sequence<int, i...>) { (body(std::integral_constant<int, i>{}), ...); }
-    (std::make_integer_sequence<int, N / 2 - 1>{});
+    [&]<int... i>(std::integer_sequence<int, i...>) { (body(std::integral_constant<int, i>{}), ...); }
+    (std::make_integer_sequence<int, count>{});
 }
 
 template <class R, int N>
@@ -33,7 +33,7 @@ template <class R, int N>
     const HalfSpectrum<R, N> spectrum = spectrumOf<R, N>(src);
     const R imScale = has(flags, ARK_Inv) ? -scale : scale;
     dst[0] = spectrum.re[0] * scale;
-    forEachPair<N>([=](auto i) {
+    forEach<N / 2 - 1>([=](auto i) {
         dst[layout.pairs + 2 * i] = spectrum.re[i + 1] * scale;
         dst[layout.pairs + 2 * i + 1] = spectrum.im[i + 1] * imScale;
     });
@@ -47,15 +47,14 @@ template <class R, int N>
     HalfSpectrum<R, N> spectrum;
     const R imSign = has(flags, ARK_Inv) ? 1 : -1;
     spectrum.re[0] = src[0];
-    forEachPair<N>([&](auto i) {
+    forEach<N / 2 - 1>([&](auto i) {
         spectrum.re[i + 1] = src[layout.pairs + 2 * i];
         spectrum.im[i + 1] = src[layout.pairs + 2 * i + 1] * imSign;
     });
     spectrum.re[N / 2] = src[layout.last];
     R x[N];
     signalOf(spectrum, x);
-    for (int n = 0; n < N; n++)
-        dst[n] = x[n] * scale;
+    forEach<N>([&](auto n) { dst[n] = x[n] * scale; });
 }
 
 // N reals as N/2 complex numbers: their transform, recombined where it stands. So few reals that calls would take
