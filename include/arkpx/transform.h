@@ -312,11 +312,11 @@ ARKPX_API void arkwMpyRCPerm3(const short* srcA, const short* srcB, short* dst, 
  *   ARK_Inv    y[m] = 1/len * sum over k of x[k] e^(+2 pi i k m / len)          with ARK_NoScale: without 1/len
  *
  * len elements in each array, any len >= 1, primes too. x and y may overlap in any way: a copy of x is transformed. All
- * is computed in double precision and rounded to the type at the end; y[0] is the plain sum. Lengths up to 36 and those whose prime factors are
- * at most 13 are taken apart into these factors; others take a convolution by FFTs of at least 2 len - 1 elements
- * (Bluestein, 1970), which is some five times slower. The time of all grows as len log len. arkvDft computes arkcDft of
- * the samples as floats; its results are rounded and brought to 16 bits as those of the 16-bit transforms above, a
- * negative scaleMode counts as 0.
+ * is computed in double precision and rounded to the type at the end; y[0] is the plain sum. Lengths up to 36 and those
+ * whose prime factors are at most 13 are taken apart into these factors; others take a convolution by FFTs of at least
+ * 2 len - 1 elements (Bluestein, 1970), which is some five times slower. The time of all grows as len log len. arkvDft
+ * computes arkcDft of the samples as floats; its results are rounded and brought to 16 bits as those of the 16-bit
+ * transforms above, a negative scaleMode counts as 0.
  *
  * A length takes one of the 32 places of the thread's cache of twiddle tables. ARK_Init only builds the table that
  * arkcGetDftTwdTbl or arkzGetDftTwdTbl hands out, so that these lengths can be chosen beforehand. Other bits of flags

@@ -13,22 +13,6 @@ namespace {
 using D = Vec<double>;
 constexpr int width = lanes<double>;
 
-template <int i>
-struct Index {
-    static constexpr int value = i;
-};
-template <class Body, int... i>
-ARK_INLINE void unrolledIn(const Body& body, std::integer_sequence<int, i...>)
-{
-    (body(Index<i>{}), ...);
-}
-template <int n, class Body>
-ARK_INLINE void unrolled(const Body& body)
-{
-    unrolledIn(body, std::make_integer_sequence<int, n>{});
-}
-#define ARK_UNROLLED __attribute__((always_inline))
-
 constexpr int low2(int lane, int) { return lane / 2; }
 constexpr int high2(int lane, int lanes) { return lanes / 2 + lane / 2; }
 // ---- outputs side by side ----
@@ -57,18 +41,18 @@ struct Tile {
     static ARK_INLINE void add(Sums<rows>& sums, const T* h, std::ptrdiff_t tapStep, const X* x)
     {
         D tap[tapParts][taps];
-        unrolled<taps>([&](auto m) ARK_UNROLLED {
+        unrolled<taps>([&](auto m) ARK_INLINED {
             const Real<T>* value = partsOf(h + decltype(m)::value * elements * tapStep);
-            unrolled<tapParts>([&](auto part) ARK_UNROLLED {
+            unrolled<tapParts>([&](auto part) ARK_INLINED {
                 tap[decltype(part)::value][decltype(m)::value] = broadcast(double(value[decltype(part)::value]));
             });
         });
-        unrolled<rows + taps - 1>([&](auto j) ARK_UNROLLED {
+        unrolled<rows + taps - 1>([&](auto j) ARK_INLINED {
             const D data = loadDoubles(partsOf(x + decltype(j)::value * elements));
-            unrolled<taps>([&](auto m) ARK_UNROLLED {
+            unrolled<taps>([&](auto m) ARK_INLINED {
                 constexpr int row = decltype(j)::value - decltype(m)::value;
                 if constexpr (row >= 0 && row < rows)
-                    unrolled<tapParts>([&](auto part) ARK_UNROLLED {
+                    unrolled<tapParts>([&](auto part) ARK_INLINED {
                         sums.part[decltype(part)::value][row] += tap[decltype(part)::value][decltype(m)::value] * data;
                     });
             });
@@ -107,7 +91,7 @@ struct Tile {
         for (; k < run.tapsLen; k++)
             add<rows, 1>(sums, run.taps + k * run.tapStep, 0, x + k);
         Y* dst = run.dst + i * run.dstStep;
-        unrolled<rows>([&](auto row) ARK_UNROLLED {
+        unrolled<rows>([&](auto row) ARK_INLINED {
             const D real = sums.part[0][decltype(row)::value],
                     imaginary = sums.part[tapParts - 1][decltype(row)::value];
             if (run.dstStep == 1)
@@ -177,11 +161,11 @@ struct Inner {
     static ARK_INLINE void add(Registers& sums, const Registers& taps, const X* x, std::ptrdiff_t omitted = 0)
     {
         D data[dataCount];
-        unrolled<dataCount>([&](auto i) ARK_UNROLLED {
+        unrolled<dataCount>([&](auto i) ARK_INLINED {
             constexpr int at = decltype(i)::value * width;
             data[decltype(i)::value] = loadDoubles(partsOf(x) + at);
         });
-        unrolled<sumCount>([&](auto i) ARK_UNROLLED {
+        unrolled<sumCount>([&](auto i) ARK_INLINED {
             constexpr int from = decltype(i)::value % dataCount, at = from * width;
             D& sum = sums.part[decltype(i)::value];
             const D added = sum + taps.part[decltype(i)::value] * data[from];
@@ -236,26 +220,26 @@ struct Inner {
         std::ptrdiff_t k = 0;
         if constexpr (chains > 1)
             for (; k + chains * chunk <= n; k += chains * chunk)
-                unrolled<chains>([&](auto c) ARK_UNROLLED {
+                unrolled<chains>([&](auto c) ARK_INLINED {
                     constexpr std::ptrdiff_t at = decltype(c)::value * chunk;
                     add(acc[0][decltype(c)::value], loadTaps(h + k + at), x + k + at);
                 });
         for (; k + chunk <= n; k += chunk) {
             const Registers taps = loadTaps(h + k);
             unrolled<count>(
-                [&](auto i) ARK_UNROLLED { add(acc[decltype(i)::value][0], taps, x + decltype(i)::value * step + k); });
+                [&](auto i) ARK_INLINED { add(acc[decltype(i)::value][0], taps, x + decltype(i)::value * step + k); });
         }
         if (k < n) { // the last chunk goes back over taps that are done
             const std::ptrdiff_t last = n - chunk;
             const Registers taps = loadTaps(h + last);
-            unrolled<count>([&](auto i) ARK_UNROLLED {
+            unrolled<count>([&](auto i) ARK_INLINED {
                 add(acc[decltype(i)::value][0], taps, x + decltype(i)::value * step + last, k - last);
             });
         }
-        unrolled<count>([&](auto i) ARK_UNROLLED {
+        unrolled<count>([&](auto i) ARK_INLINED {
             Registers& first = acc[decltype(i)::value][0];
             if constexpr (chains == 4)
-                unrolled<sumCount>([&](auto part) ARK_UNROLLED {
+                unrolled<sumCount>([&](auto part) ARK_INLINED {
                     constexpr int at = decltype(part)::value;
                     first.part[at] = (first.part[at] + acc[0][1].part[at]) + (acc[0][2].part[at] + acc[0][3].part[at]);
                 });

@@ -58,14 +58,6 @@ ARK_INLINE Number<Doubles<count>, 2> rounded(Number<Doubles<count>, 2> x)
 
 // ---- biquads: a pipeline of sections ----
 
-// f(0), f(1), ..., their arguments constants.
-template <int count, class F>
-ARK_INLINE void unrolled(F f)
-{
-    [&]<int... i>(std::integer_sequence<int, i...>) ARK_INLINED { (f(std::integral_constant<int, i>{}), ...); }
-    (std::make_integer_sequence<int, count>{});
-}
-
 // The recurrence w = v - a1 d0 - a2 d1 of a section cannot take its next sample before a multiplication, an addition
 // and the rounding of w are done. So the sections run side by side, one a lane of one or more registers, and each works
 // on the sample that lies `skew` samples behind that of the section before: this gives a section's output the time to
@@ -218,7 +210,7 @@ void biquads(BiquadRun& r, int sections, double* const* signal, std::ptrdiff_t n
 {
     for (int first = 0; first < sections;) {
         const int rest = sections - first;
-        const auto run = [&]<int count>(std::integral_constant<int, count>) ARK_INLINED {
+        const auto run = [&]<int count>(Index<count>) ARK_INLINED {
             constexpr int width = widthOf<State, count, parts>();
             const int used = rest < count ? rest : count;
             Pipeline<State, width, count / width, coefParts, parts>{}.run(r, first, used, signal, n);
@@ -226,11 +218,11 @@ void biquads(BiquadRun& r, int sections, double* const* signal, std::ptrdiff_t n
         };
         constexpr int most = 8 / widthOf<State, 8, parts>() * parts <= 4 ? 8 : 4; // what fits into the registers
         if (most == 8 && rest > 4)
-            first += run(std::integral_constant<int, most>{});
+            first += run(Index<most>{});
         else if (rest > 2)
-            first += run(std::integral_constant<int, 4>{});
+            first += run(Index<4>{});
         else
-            first += run(std::integral_constant<int, 2>{});
+            first += run(Index<2>{});
     }
 }
 

@@ -3,6 +3,8 @@
 
 #include <arkpx/types.h>
 
+#include <utility>
+
 namespace ark {
 
 template <class T>
@@ -54,6 +56,24 @@ template <class T>
 [[gnu::always_inline]] inline Real<T>* partsOf(T* elements)
 {
     return reinterpret_cast<Real<T>*>(elements);
+}
+
+// A number as a type, and calls of body with those from 0 to count - 1: what they index stays in registers. body says
+// itself that it is inlined.
+template <int i>
+struct Index {
+    static constexpr int value = i;
+    [[gnu::always_inline]] constexpr operator int() const { return i; }
+};
+template <class Body, int... i>
+[[gnu::always_inline]] inline void unrolledOver(const Body& body, std::integer_sequence<int, i...>)
+{
+    (body(Index<i>{}), ...);
+}
+template <int count, class Body>
+[[gnu::always_inline]] inline void unrolled(const Body& body)
+{
+    unrolledOver(body, std::make_integer_sequence<int, count>{});
 }
 
 // What products are formed in that are rounded to R once.

@@ -72,9 +72,6 @@ ARK_INLINE void lastButterflies(R* rows, std::ptrdiff_t s, R eighth)
                                                          eighth);
 }
 
-template <int i>
-struct Index {};
-
 // Calls body with the radix as a constant; the last one's may be longer.
 template <class Body>
 ARK_INLINE void withRadix(int log2Radix, Body body)

@@ -19,21 +19,13 @@ inline SpectrumLayout ccsLayout(int order) { return {2, std::ptrdiff_t{1} << ord
 inline SpectrumLayout packLayout(int order) { return {1, order > 0 ? (std::ptrdiff_t{1} << order) - 1 : 0, false}; }
 inline SpectrumLayout permLayout(int order) { return {2, order > 0, false}; }
 
-// Calls body with 0 ... count - 1 as constants: no index is a variable, so that what is indexed stays in registers.
-template <int count, class Body>
-[[gnu::always_inline]] inline void forEach(Body body)
-{
-    [&]<int... i>(std::integer_sequence<int, i...>) { (body(std::integral_constant<int, i>{}), ...); }
-    (std::make_integer_sequence<int, count>{});
-}
-
 template <class R, int N>
 [[gnu::always_inline]] inline void fewToSpectrum(const R* src, R* dst, SpectrumLayout layout, int flags, R scale)
 {
     const HalfSpectrum<R, N> spectrum = spectrumOf<R, N>(src);
     const R imScale = has(flags, ARK_Inv) ? -scale : scale;
     dst[0] = spectrum.re[0] * scale;
-    forEach<N / 2 - 1>([=](auto i) {
+    unrolled<N / 2 - 1>([=](auto i) __attribute__((always_inline)) {
         dst[layout.pairs + 2 * i] = spectrum.re[i + 1] * scale;
         dst[layout.pairs + 2 * i + 1] = spectrum.im[i + 1] * imScale;
     });
@@ -47,14 +39,14 @@ template <class R, int N>
     HalfSpectrum<R, N> spectrum;
     const R imSign = has(flags, ARK_Inv) ? 1 : -1;
     spectrum.re[0] = src[0];
-    forEach<N / 2 - 1>([&](auto i) {
+    unrolled<N / 2 - 1>([&](auto i) __attribute__((always_inline)) {
         spectrum.re[i + 1] = src[layout.pairs + 2 * i];
         spectrum.im[i + 1] = src[layout.pairs + 2 * i + 1] * imSign;
     });
     spectrum.re[N / 2] = src[layout.last];
     R x[N];
     signalOf(spectrum, x);
-    forEach<N>([&](auto n) { dst[n] = x[n] * scale; });
+    unrolled<N>([&](auto n) __attribute__((always_inline)) { dst[n] = x[n] * scale; });
 }
 
 // N reals as N/2 complex numbers: their transform, recombined where it stands. So few reals that calls would take
