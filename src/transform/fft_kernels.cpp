@@ -16,6 +16,11 @@
 // The order of lanes that a deinterleaving inside blocks of 128 bits gives is l = W/2 p1 + 2 b + p0 for floats (b the
 // block, p1 p0 the place in it) and l = W/2 p + b for doubles; it is kept throughout: the first factor of the transform
 // over l is the radix 2 over p1 or p, and the table of the lanes pass is in that order.
+//
+// Bit-reversed order leaves the results of a row in the row, and to transpose there and back would cost more than the
+// transform over l. It is made inside the registers, of real and imaginary parts next to each other, as memory has
+// them: its longest stage is between the two registers of a row, and -i, which exchanges parts, is in a shuffle of the
+// next.
 #include "transform/fft_kernels.hpp"
 #include "frame/kernels.hpp"
 #include "transform/fft_tables.hpp"
@@ -33,23 +38,29 @@ template <class R, int W, int radix, bool toReversed, bool withFactors, class So
 ARK_INLINE void inPlaceButterfly(Source source, Target target, std::ptrdiff_t row, std::ptrdiff_t apart, const R* w,
                                  R eighth)
 {
-    Row<R, W> x[radix];
-    const auto multiply = [&]() ARK_INLINED {
-        ARK_UNROLL
-        for (int j = 1; j < radix; j++)
-            x[j] = x[j] * getFactor<R, W>(w + sizeOfFactors<W>(j - 1));
-    };
-    ARK_UNROLL
-    for (int t = 0; t < radix; t++)
-        x[toReversed ? t : reversed(t, radix)] = source(row + t * apart);
-    if constexpr (!toReversed && withFactors)
-        multiply();
-    butterfly(x, eighth);
-    if constexpr (toReversed && withFactors)
-        multiply();
-    ARK_UNROLL
-    for (int j = 0; j < radix; j++)
-        target(row + (toReversed ? reversed(j, radix) : j) * apart, x[j]);
+    const auto factor = [&](int j) ARK_INLINED { return getFactor<R, W>(w + sizeOfFactors<W>(j - 1)); };
+    butterflyInGroups<radix, Row<R, W>>(
+        eighth,
+        [&]<int count>(int first, int step, Row<R, W>(&x)[count]) ARK_INLINED {
+            ARK_UNROLL
+            for (int i = 0; i < count; i++) {
+                const int n = first + i * step;
+                x[i] = source(row + (toReversed ? n : reversed(n, radix)) * apart);
+                if constexpr (!toReversed && withFactors)
+                    if (n > 0)
+                        x[i] = loadedOnce(x[i]) * factor(n);
+            }
+        },
+        [&]<int count>(int first, int step, Row<R, W>(&x)[count]) ARK_INLINED {
+            ARK_UNROLL
+            for (int i = 0; i < count; i++) {
+                const int k = first + i * step;
+                if constexpr (toReversed && withFactors)
+                    if (k > 0)
+                        x[i] = x[i] * factor(k);
+                target(row + (toReversed ? reversed(k, radix) : k) * apart, x[i]);
+            }
+        });
 }
 template <class R, int W, int radix, bool toReversed, std::ptrdiff_t columns = 1, class Source, class Target>
 ARK_INLINE void inPlacePass(Source source, Target target, std::ptrdiff_t n, std::ptrdiff_t s, RowsTable<R> table)
@@ -298,146 +309,108 @@ void lanesToNatural(const R* rows, Target target, std::ptrdiff_t M, const R* tab
     }
 }
 
-// The lane that holds the element at a distance, and +1 or -1 for the lower and the upper one of each such pair.
-template <int P, int distance>
-constexpr int partnerOf(int lane, int lanes)
+// One stage of the transform over the elements of rows: x[e] + x[e + distance] and x[e] - x[e + distance]. Stages are a
+// radix 4 two by two, at distances 8 and 4, 2 and 1: between the two, the upper half of both is multiplied by -i.
+template <class R, int W, int distance, bool toReversed, bool exchanged, int count>
+ARK_INLINE void laneStage(Interleaved<Reg<R, W>> (&x)[count])
 {
-    return laneOf<P>(elementOf<P>(lane, lanes) ^ distance, lanes);
-}
-template <class R, int W, int distance, std::size_t... lane>
-ARK_INLINE Reg<R, W> signsIn(std::index_sequence<lane...>)
-{
-    return Reg<R, W>{(elementOf<int(16 / sizeof(R))>(int(lane), W) & distance ? R(-1) : R(1))...};
-}
-
-// One stage of the transform over the lanes of a register: x[e] + x[e + distance] and x[e] - x[e + distance].
-template <class R, int W, int distance, int count>
-ARK_INLINE void laneStage(Cplx<Reg<R, W>> (&x)[count])
-{
-    constexpr auto partner = partnerOf<int(16 / sizeof(R)), distance>;
-    const Reg<R, W> sign = signsIn<R, W, distance>(std::make_index_sequence<W>{});
+    constexpr bool isSecond = (log2Of(distance) % 2 == 0) == toReversed;
+    constexpr int turned = !isSecond ? 0 : toReversed ? 2 * distance : distance / 2;
     ARK_UNROLL
-    for (auto& y : x)
-        y = {y.re * sign + shuffled<partner>(y.re, y.re), y.im * sign + shuffled<partner>(y.im, y.im)};
-}
-
-// Lanes that are in the upper half of both pairs: from a to b there.
-template <int P, int distance>
-constexpr int upperOfBoth(int lane, int lanes)
-{
-    const int element = elementOf<P>(lane, lanes);
-    return element & distance && element & distance / 2 ? lane + lanes : lane;
-}
-
-// Two stages, which together are a radix 4 but for factors that commute with the one between them: at a distance and at
-// half of it, or the opposite. In between, the upper half of both is multiplied by -i.
-template <class R, int W, bool toReversed, int distance, int count>
-ARK_INLINE void twoLaneStages(Cplx<Reg<R, W>> (&x)[count])
-{
-    constexpr auto rotated = upperOfBoth<int(16 / sizeof(R)), distance>;
-    laneStage<R, W, toReversed ? distance : distance / 2>(x);
-    ARK_UNROLL
-    for (auto& y : x)
-        y = {shuffled<rotated>(y.re, y.im), shuffled<rotated>(y.im, -y.re)};
-    laneStage<R, W, toReversed ? distance / 2 : distance>(x);
-}
-
-// The transform over the lanes of registers: natural order in and bit-reversed order out, or the opposite. Four at a
-// time go through every stage together; one alone would wait for each of its results.
-template <class R, int W, bool toReversed, int count>
-ARK_INLINE void transformLanes(Cplx<Reg<R, W>> (&x)[count], LaneConstants<R, W> constants)
-{
-    if constexpr (count > 4) {
-        ARK_UNROLL
-        for (int first = 0; first < count; first += 4) {
-            Cplx<Reg<R, W>> four[4] = {x[first], x[first + 1], x[first + 2], x[first + 3]};
-            transformLanes<R, W, toReversed>(four, constants);
-            ARK_UNROLL
-            for (int i = 0; i < 4; i++)
-                x[first + i] = four[i];
+    for (auto& y : x) {
+        if constexpr (distance == W / 2) {
+            const Reg<R, W> upper = turned == 0 ? y.high : timesMinusIWhere<R, W, W / 2, turned, exchanged>(y.high);
+            y = {y.low + upper, y.low - upper};
+        } else {
+            y = {stageInRegister<R, W, 0, distance, turned, exchanged>(y.low),
+                 stageInRegister<R, W, W / 2, distance, turned, exchanged>(y.high)};
         }
-    } else {
-        const auto lower = [&] {
-            if constexpr (W == 8)
-                laneStage<R, W, 1>(x);
-            else
-                twoLaneStages<R, W, toReversed, 2>(x);
-        };
-        if constexpr (toReversed)
-            twoLaneStages<R, W, toReversed, W / 2>(x);
-        else
-            lower();
-        const Cplx<Reg<R, W>> factors = constants.stages();
-        ARK_UNROLL
-        for (auto& y : x)
-            y = y * factors;
-        if constexpr (toReversed)
-            lower();
-        else
-            twoLaneStages<R, W, toReversed, W / 2>(x);
     }
 }
 
-// The same, to a target's rows row(0) ... or from a source's. Where registers hold W rows, transposed they are a
-// butterfly, and the way to memory or from there transposes them again.
+// The factors between the stages at distances of 4 and more and those below; among 8 elements the lower half has none.
+template <class R, int W, bool exchanged, int count>
+ARK_INLINE void multiplyBetweenStages(Interleaved<Reg<R, W>> (&x)[count], LaneConstants<R, W> constants)
+{
+    const Cplx<Reg<R, W>> low = constants.stages(0), high = constants.stages(1);
+    ARK_UNROLL
+    for (auto& y : x) {
+        if constexpr (W > 8)
+            y.low = timesPairs<exchanged>(y.low, low);
+        y.high = timesPairs<exchanged>(y.high, high);
+    }
+}
+
+// The transform over the elements of rows: natural order in and bit-reversed order out, or the opposite. As many as
+// half of the registers hold go through every stage together; one alone would wait for each of its results.
+inline constexpr int rowsTogether = ARK_AVX512 ? 8 : 4;
+template <class R, int W, bool toReversed, bool exchanged, int count>
+ARK_INLINE void transformLanes(Interleaved<Reg<R, W>> (&x)[count], LaneConstants<R, W> constants)
+{
+    if constexpr (toReversed) {
+        if constexpr (W >= 16)
+            laneStage<R, W, 8, toReversed, exchanged>(x);
+        if constexpr (W >= 8) {
+            laneStage<R, W, 4, toReversed, exchanged>(x);
+            multiplyBetweenStages<R, W, exchanged>(x, constants);
+        }
+        laneStage<R, W, 2, toReversed, exchanged>(x);
+        laneStage<R, W, 1, toReversed, exchanged>(x);
+    } else {
+        laneStage<R, W, 1, toReversed, exchanged>(x);
+        laneStage<R, W, 2, toReversed, exchanged>(x);
+        if constexpr (W >= 8) {
+            multiplyBetweenStages<R, W, exchanged>(x, constants);
+            laneStage<R, W, 4, toReversed, exchanged>(x);
+        }
+        if constexpr (W >= 16)
+            laneStage<R, W, 8, toReversed, exchanged>(x);
+    }
+}
+
+// The same, to a target's rows row(0) ... or from a source's.
 template <class R, int W, int count, class Target, class RowNumber>
 ARK_INLINE void lanesToReversed(Row<R, W> (&x)[count], Target target, RowNumber row, LaneConstants<R, W> constants)
 {
-    if constexpr (W > 1 && fitRegisters(W)) {
-        ARK_UNROLL
-        for (int first = 0; first < count; first += W) {
-            Row<R, W> y[W], inOrder[W];
-            std::ptrdiff_t rows[W];
-            ARK_UNROLL
-            for (int i = 0; i < W; i++) {
-                y[i] = x[first + i];
-                rows[i] = row(first + i);
-            }
-            turnedButterfly<R, W>(y, constants.eighth);
-            ARK_UNROLL
-            for (int q = 0; q < W; q++)
-                inOrder[q] = y[reversed(q, W)];
-            target.putTurned(rows, inOrder);
-        }
-    } else {
-        if constexpr (W > 1)
-            transformLanes<R, W, true>(x, constants);
+    if constexpr (W == 1) {
         ARK_UNROLL
         for (int i = 0; i < count; i++)
             target(row(i), x[i]);
+    } else {
+        constexpr int together = count < rowsTogether ? count : rowsTogether;
+        ARK_UNROLL
+        for (int first = 0; first < count; first += together) {
+            Interleaved<Reg<R, W>> y[together];
+            ARK_UNROLL
+            for (int i = 0; i < together; i++)
+                y[i] = interleaved<Target::exchanged>(x[first + i]);
+            transformLanes<R, W, true, Target::exchanged>(y, constants);
+            ARK_UNROLL
+            for (int i = 0; i < together; i++)
+                target.put(row(first + i), y[i]);
+        }
     }
 }
 template <class R, int W, int count, class Source, class RowNumber>
 ARK_INLINE void lanesFromReversed(Source source, RowNumber row, Row<R, W> (&x)[count], LaneConstants<R, W> constants)
 {
-    if constexpr (W > 1 && fitRegisters(W)) {
-        constexpr int P = int(16 / sizeof(R));
-        ARK_UNROLL
-        for (int first = 0; first < count; first += W) {
-            Row<R, W> turned[W], y[W];
-            std::ptrdiff_t rows[W];
-            ARK_UNROLL
-            for (int i = 0; i < W; i++)
-                rows[i] = row(first + i);
-            source.getTurned(rows, turned);
-            ARK_UNROLL
-            for (int q = 0; q < W; q++)
-                y[reversed(q, W)] = turned[q];
-            butterfly(y, constants.eighth);
-            ARK_UNROLL
-            for (int i = 0; i < W; i++)
-                turned[i] = y[elementOf<P>(i, W)];
-            transpose(turned);
-            ARK_UNROLL
-            for (int i = 0; i < W; i++)
-                x[first + i] = turned[i];
-        }
-    } else {
+    if constexpr (W == 1) {
         ARK_UNROLL
         for (int i = 0; i < count; i++)
             x[i] = source(row(i));
-        if constexpr (W > 1)
-            transformLanes<R, W, false>(x, constants);
+    } else {
+        constexpr int together = count < rowsTogether ? count : rowsTogether;
+        ARK_UNROLL
+        for (int first = 0; first < count; first += together) {
+            Interleaved<Reg<R, W>> y[together];
+            ARK_UNROLL
+            for (int i = 0; i < together; i++)
+                y[i] = source.get(row(first + i));
+            transformLanes<R, W, false, Source::exchanged>(y, constants);
+            ARK_UNROLL
+            for (int i = 0; i < together; i++)
+                x[first + i] = deinterleaved<Source::exchanged>(y[i]);
+        }
     }
 }
 
@@ -554,12 +527,44 @@ void fewPairs(const Job<R>& job)
         target(fftOrder == bitReversedOutput ? reversed(k, N) : k, x[k]);
 }
 
+// Result e of M rows k, which stands where k + M q does, q the bits of e reversed: of P rows P neighbours. A block of a
+// register has N elements.
+template <class R, int W, Form form, int M>
+ARK_INLINE void rowsToNatural(const Interleaved<Reg<R, W>> (&x)[M], FftVector<R> to)
+{
+    using V = Reg<R, W>;
+    constexpr int P = placesOf<V>, B = W / P, N = P / 2;
+    ARK_UNROLL
+    for (int k = 0; k < M; k += P) {
+        ARK_UNROLL
+        for (int first = 0; first < W; first += W / 2) {
+            V turned[2][N]; // [rows][element of the block]
+            ARK_UNROLL
+            for (int i = 0; i < P; i++)
+                turned[i / N][i % N] = first == 0 ? x[k + i].low : x[k + i].high;
+            transposePairsInBlocks(turned[0]);
+            transposePairsInBlocks(turned[1]);
+            ARK_UNROLL
+            for (int i = 0; i < B * N; i++) {
+                const V &a = turned[0][i % N], &b = turned[1][i % N];
+                const int at = reversed(first + i, W) * M + k;
+                if constexpr (form == separateParts) {
+                    put(to.re + at, blockOf(shuffled<evens<P>>(a, b), i / N));
+                    put(to.im + at, blockOf(shuffled<odds<P>>(a, b), i / N));
+                } else {
+                    put(to.re + 2 * at, blockOf(a, i / N));
+                    put(to.re + 2 * at + P, blockOf(b, i / N));
+                }
+            }
+        }
+    }
+}
+
 // Fewer than a tile, or in another order: in registers.
 template <class R, int W, Form form, FftOrder fftOrder, int M>
 void fewRows(const Job<R>& job)
 {
     using V = Reg<R, W>;
-    constexpr int P = placesOf<V>, B = W / P;
     const OuterSource<R, W, form> source{job.src, 0, W};
     const OuterTarget<R, W, form, false> target{job.dst, 0, W, 1};
     const LaneConstants<R, W> constants{job.table + job.head().constants, job.head().eighth};
@@ -586,40 +591,33 @@ void fewRows(const Job<R>& job)
         x[n] = source(n);
     butterfly(x, constants.eighth);
     multiply();
-    if constexpr (fftOrder == bitReversedOutput) {
-        scaleAll(x, job.scale);
-        lanesToReversed<R, W>(x, target, reversedRow, constants);
-        return;
-    }
-    transformLanes<R, W, true>(x, constants);
     scaleAll(x, job.scale);
-    // P rows k of one result q of the lanes are neighbours.
-    ARK_UNROLL
-    for (int k = 0; k < M; k += P) {
-        V re[P], im[P];
+    if constexpr (fftOrder == bitReversedOutput) {
+        lanesToReversed<R, W>(x, target, reversedRow, constants);
+    } else {
+        constexpr bool exchanged = form == inversePairs;
+        Interleaved<V> y[M];
         ARK_UNROLL
-        for (int i = 0; i < P; i++) {
-            re[i] = form == inversePairs ? x[k + i].im : x[k + i].re;
-            im[i] = form == inversePairs ? x[k + i].re : x[k + i].im;
-        }
-        transposeInBlocks(re);
-        transposeInBlocks(im);
-        ARK_UNROLL
-        for (int p = 0; p < P; p++) {
-            const V low = shuffled<unpackLow<P, 1>>(re[p], im[p]), high = shuffled<unpackHigh<P, 1>>(re[p], im[p]);
-            ARK_UNROLL
-            for (int b = 0; b < B; b++) {
-                const int at = reversed(elementOf<P>(b * P + p, W), W) * M + k;
-                if constexpr (form == separateParts) {
-                    put(job.dst.re + at, blockOf(re[p], b));
-                    put(job.dst.im + at, blockOf(im[p], b));
-                } else {
-                    put(job.dst.re + 2 * at, blockOf(low, b));
-                    put(job.dst.re + 2 * at + P, blockOf(high, b));
-                }
-            }
-        }
+        for (int k = 0; k < M; k++)
+            y[k] = interleaved<exchanged>(x[k]);
+        transformLanes<R, W, true, exchanged>(y, constants);
+        rowsToNatural<R, W, form>(y, job.dst);
     }
+}
+
+// Bit-reversed order takes factors from all over their table, which of long vectors is not in the cache, and no
+// processor foresees from where next: those of the butterfly after the next one are asked for.
+template <class R, int W, int radix>
+ARK_INLINE void fetchFactorsAfter(const R* factors, std::ptrdiff_t k, std::ptrdiff_t M)
+{
+    constexpr std::ptrdiff_t row = 2 * W, line = 64 / sizeof(R), inCache = (1 << 20) / sizeof(R);
+    if (W == 1 || M * row < inCache)
+        return;
+    k = nextReversed(nextReversed(k, M / radix), M / radix);
+    ARK_UNROLL
+    for (int j = 0; j < radix; j++)
+        for (std::ptrdiff_t at = 0; at < row; at += line)
+            __builtin_prefetch(factors + (k + j * (M / radix)) * row + at);
 }
 
 // The last pass over the rows to bit-reversed order, the factors w_N^(l k) and the lanes; and the opposite. Sources and
@@ -629,6 +627,7 @@ ARK_INLINE void rowsThenLanes(Source source, Target target, std::ptrdiff_t M, co
                               LaneConstants<R, W> constants)
 {
     for (std::ptrdiff_t row = 0, next = 0; row < M; row += radix, next = nextReversed(next, M / radix)) {
+        fetchFactorsAfter<R, W, radix>(factors, next, M);
         Row<R, W> x[radix];
         ARK_UNROLL
         for (int t = 0; t < radix; t++)
@@ -648,6 +647,7 @@ ARK_INLINE void lanesThenRows(Source source, Target target, std::ptrdiff_t M, co
                               LaneConstants<R, W> constants)
 {
     for (std::ptrdiff_t row = 0, next = 0; row < M; row += radix, next = nextReversed(next, M / radix)) {
+        fetchFactorsAfter<R, W, radix>(factors, next, M);
         Row<R, W> x[radix];
         lanesFromReversed<R, W>(
             source, [row](int j) ARK_INLINED { return row + reversed(j, radix); }, x, constants);

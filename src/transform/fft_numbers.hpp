@@ -157,6 +157,93 @@ ARK_INLINE Cplx<V> timesThreeEighths(Cplx<V> a, R eighth)
     return {(a.im - a.re) * h, -(a.re + a.im) * h};
 }
 
+// ... or next to each other, elements 0 to W/2 - 1 and the others, as memory has them. For the inverse transform memory
+// has them exchanged, imaginary part first; they stay so.
+template <class V>
+struct Interleaved {
+    V low, high;
+};
+template <bool exchanged, class V>
+ARK_INLINE Interleaved<V> interleaved(Cplx<V> x)
+{
+    constexpr int P = placesOf<V>;
+    const V a = exchanged ? x.im : x.re, b = exchanged ? x.re : x.im;
+    return {shuffled<unpackLow<P, 1>>(a, b), shuffled<unpackHigh<P, 1>>(a, b)};
+}
+template <bool exchanged, class V>
+ARK_INLINE Cplx<V> deinterleaved(Interleaved<V> x)
+{
+    constexpr int P = placesOf<V>;
+    const V a = shuffled<evens<P>>(x.low, x.high), b = shuffled<odds<P>>(x.low, x.high);
+    return exchanged ? Cplx<V>{b, a} : Cplx<V>{a, b};
+}
+template <class V, class R>
+ARK_INLINE Interleaved<V> scaledBy(Interleaved<V> a, R scale)
+{
+    return {a.low * scale, a.high * scale};
+}
+
+constexpr int neighbourOf(int lane, int) { return lane ^ 1; }
+
+// Every complex number of a register times one of its own, whose parts are {re, re} and {-im, im}.
+template <bool exchanged, class V>
+ARK_INLINE V timesPairs(V a, Cplx<V> b)
+{
+    const V neighbours = shuffled<neighbourOf>(a, a);
+    return exchanged ? a * b.re - neighbours * b.im : a * b.re + neighbours * b.im;
+}
+
+// One stage of a transform over complex numbers of which a register holds those from number first on: the sum of two at a
+// distance for the lower one, the difference for the upper one. Those in whose number a bit of turned is set are
+// multiplied by -i before, which exchanges their parts; signs, with a sum, cost nothing.
+template <int first, int turned>
+constexpr bool isTurned(int lane)
+{
+    return ((first + lane / 2) & turned) != 0;
+}
+template <int first, int turned>
+constexpr int turnedPart(int lane, int)
+{
+    return isTurned<first, turned>(lane) ? lane ^ 1 : lane;
+}
+template <int distance>
+constexpr int otherOfTwo(int lane, int)
+{
+    return lane ^ 2 * distance;
+}
+template <int distance>
+constexpr int lowerOfTwo(int lane, int)
+{
+    return lane & ~(2 * distance);
+}
+template <int first, int distance, int turned>
+constexpr int upperOfTwo(int lane, int lanes)
+{
+    return turnedPart<first, turned>(lane | 2 * distance, lanes);
+}
+template <class R, int W, int first, int distance, int turned, bool exchanged, std::size_t... lane>
+ARK_INLINE Reg<R, W> signsOfStage(std::index_sequence<lane...>)
+{
+    return Reg<R, W>{((lane / 2 & distance) != 0) != (isTurned<first, turned>(int(lane)) && lane % 2 != exchanged)
+                         ? R(-1)
+                         : R(1)...};
+}
+template <class R, int W, int first, int turned, bool exchanged>
+ARK_INLINE Reg<R, W> timesMinusIWhere(Reg<R, W> x)
+{
+    return shuffled<turnedPart<first, turned>>(x, x) *
+           signsOfStage<R, W, first, 0, turned, exchanged>(std::make_index_sequence<W>{});
+}
+template <class R, int W, int first, int distance, int turned, bool exchanged>
+ARK_INLINE Reg<R, W> stageInRegister(Reg<R, W> x)
+{
+    const Reg<R, W> signs = signsOfStage<R, W, first, distance, turned, exchanged>(std::make_index_sequence<W>{});
+    if constexpr (turned == 0 || (first == 0 && turned >= W / 2))
+        return x * signs + shuffled<otherOfTwo<distance>>(x, x);
+    else
+        return shuffled<lowerOfTwo<distance>>(x, x) + shuffled<upperOfTwo<first, distance, turned>>(x, x) * signs;
+}
+
 // ... or one of them at the beginning of a register of 128 bits. Parts apart would have to be brought together again:
 // of two doubles to no purpose, and the shortest transforms take less time than that.
 template <class R>
@@ -164,7 +251,6 @@ struct Pair {
     using V = Reg<R, 16 / sizeof(R)>;
     V parts;
 };
-constexpr int neighbourOf(int lane, int) { return lane ^ 1; }
 template <class R>
 ARK_INLINE Pair<R> exchanged(Pair<R> a)
 {
@@ -230,6 +316,20 @@ template <class R>
 ARK_INLINE Pair<R> times(Pair<R> x, R re, R im)
 {
     return x * PairFactor<R>{{re, re}, {-im, im}};
+}
+
+// What comes from memory as it is GCC loads anew for every use, with the instruction that uses it, and a pass waits for
+// loads sooner than for instructions. From here on it is in registers. (The product of a pair begins with an exchange.)
+template <class V>
+ARK_INLINE Cplx<V> loadedOnce(Cplx<V> x)
+{
+    asm("" : "+v"(x.re), "+v"(x.im));
+    return x;
+}
+template <class R>
+ARK_INLINE Pair<R> loadedOnce(Pair<R> x)
+{
+    return x;
 }
 
 // sqrt(1/2), both parts of the root of unity at an eighth of the circle. The float transforms up to order 11 have
@@ -360,30 +460,51 @@ ARK_INLINE C timesRoot(C x, int a, R eighth)
     return x;
 }
 
-// Longer ones as N1 by 4, n = 4 n1 + n2 and k = k1 + N1 k2.
+// From and to where the elements are: give(first, step, x) and take(first, step, x) are called for every group of
+// elements first + i step, in natural order. Longer ones are N1 by 4, n = 4 n1 + n2 and k = k1 + N1 k2: registers hold
+// a group of those, not all elements.
+template <int N, class C, class R, class Give, class Take>
+ARK_INLINE void butterflyInGroups(R eighth, Give give, Take take)
+{
+    if constexpr (N <= 8) {
+        C x[N];
+        give(0, 1, x);
+        butterfly(x, eighth);
+        take(0, 1, x);
+    } else {
+        constexpr int N1 = N / 4;
+        C y[4][N1];
+        ARK_UNROLL
+        for (int n2 = 0; n2 < 4; n2++) {
+            give(n2, 4, y[n2]);
+            butterfly(y[n2], eighth);
+        }
+        ARK_UNROLL
+        for (int k1 = 0; k1 < N1; k1++) {
+            C z[4];
+            ARK_UNROLL
+            for (int n2 = 0; n2 < 4; n2++)
+                z[n2] = timesRoot<N>(y[n2][k1], n2 * k1, eighth);
+            butterfly(z, eighth);
+            take(k1, N1, z);
+        }
+    }
+}
 template <class C, class R, int N>
 ARK_INLINE void butterfly(C (&x)[N], R eighth)
 {
-    constexpr int N1 = N / 4;
-    C y[4][N1];
-    ARK_UNROLL
-    for (int n2 = 0; n2 < 4; n2++) {
-        ARK_UNROLL
-        for (int n1 = 0; n1 < N1; n1++)
-            y[n2][n1] = x[4 * n1 + n2];
-        butterfly(y[n2], eighth);
-    }
-    ARK_UNROLL
-    for (int k1 = 0; k1 < N1; k1++) {
-        C z[4];
-        ARK_UNROLL
-        for (int n2 = 0; n2 < 4; n2++)
-            z[n2] = timesRoot<N>(y[n2][k1], n2 * k1, eighth);
-        butterfly(z, eighth);
-        ARK_UNROLL
-        for (int k2 = 0; k2 < 4; k2++)
-            x[k1 + N1 * k2] = z[k2];
-    }
+    butterflyInGroups<N, C>(
+        eighth,
+        [&]<int count>(int first, int step, C(&group)[count]) ARK_INLINED {
+            ARK_UNROLL
+            for (int i = 0; i < count; i++)
+                group[i] = x[first + i * step];
+        },
+        [&]<int count>(int first, int step, C(&group)[count]) ARK_INLINED {
+            ARK_UNROLL
+            for (int i = 0; i < count; i++)
+                x[first + i * step] = group[i];
+        });
 }
 
 // ---- transpositions ----
@@ -406,6 +527,18 @@ ARK_INLINE void transposeInBlocks(V (&x)[2])
     x[1] = shuffled<unpackHigh<2, 1>>(x[0], x[1]);
     x[0] = a;
 }
+
+// Complex numbers next to each other: two registers of two a block, or one of one.
+template <class V>
+ARK_INLINE void transposePairsInBlocks(V (&x)[2])
+{
+    const V a = shuffled<unpackLow<4, 2>>(x[0], x[1]);
+    x[1] = shuffled<unpackHigh<4, 2>>(x[0], x[1]);
+    x[0] = a;
+}
+template <class V>
+ARK_INLINE void transposePairsInBlocks(V (&)[1])
+{}
 
 // B registers of B blocks each, transposed by blocks.
 template <int P, class V>

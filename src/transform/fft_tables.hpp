@@ -73,14 +73,14 @@ struct RowsTable {
 constexpr bool fitRegisters(int W) { return W <= 4; }
 
 // The constants of a register's own transform. In the table, unless W rows fit registers: the factors of the radix-2
-// step of fillTile, then those between the upper and the lower stages of transformLanes.
+// step of fillTile, then those between the stages of transformLanes, of interleaved elements.
 template <class R, int W>
 struct LaneConstants {
     static constexpr int halfFactors = int(8 / sizeof(R));
     const R* table;
     R eighth;
     ARK_INLINE Cplx<Reg<R, W>> half(int p) const { return getRow<R, W>(table + p * 2 * W); }
-    ARK_INLINE Cplx<Reg<R, W>> stages() const { return half(halfFactors); }
+    ARK_INLINE Cplx<Reg<R, W>> stages(int i) const { return half(halfFactors + i); }
 };
 
 template <class Fine>
@@ -236,7 +236,7 @@ struct Head {
             head.rows = add(head.plan.factors * factor);
             if (W > 1) {
                 head.lanes = add(std::ptrdiff_t{2} << order);
-                head.constants = add(fitRegisters(head.W) ? 0 : (std::ptrdiff_t(8 / sizeof(R)) + 1) * 2 * W);
+                head.constants = add(fitRegisters(head.W) ? 0 : (std::ptrdiff_t(8 / sizeof(R)) + 2) * 2 * W);
             }
         } else {
             head.plan = Plan::of(order - order / 2, head.W);
@@ -276,10 +276,14 @@ void fillShortTable(const Head<R>& head, R* table)
     for (int p = 0; p < P / 2; p++, at += 2 * W)
         for (int lane = 0; lane < W; lane++)
             roots.get(unit * std::size_t(lane / P * (P / 2) + p), at[lane], at[W + lane]);
-    for (int lane = 0; lane < W; lane++) {
-        // w_W^(u1 e0) w_(W/2)^(u2 e0), u1 and u2 the upper bits of the element and e0 the others
-        const std::size_t e = element(lane), quarter = std::size_t(W) / 4;
-        roots.get(unit * (e % quarter) * (e / (2 * quarter) + e / quarter % 2 * 2), at[lane], at[W + lane]);
+    for (int e = 0; e < W; e++) {
+        // w_W^(u e0), u the upper bits of the element reversed and e0 the lower two
+        R re, im;
+        roots.get(unit * std::size_t(reversed(e / 4, W / 4) * (e % 4)), re, im);
+        R* const to = at + e / (W / 2) * 2 * W + 2 * (e % (W / 2));
+        to[0] = to[1] = re;
+        to[W] = -im;
+        to[W + 1] = im;
     }
 }
 
