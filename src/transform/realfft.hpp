@@ -3,6 +3,9 @@
 
 #include "transform/cplxfft.hpp"
 #include "transform/fewreals.hpp"
+#include <bit>
+#include <cstdint>
+#include <cstring>
 #include <type_traits>
 #include <utility>
 
@@ -49,6 +52,19 @@ template <class R, int N>
     unrolled<N>([&](auto n) __attribute__((always_inline)) { dst[n] = x[n] * scale; });
 }
 
+// Two numbers in one store, as they are loaded next: a load waits long for two stores.
+inline void putTogether(float* to, float a, float b)
+{
+    const std::uint64_t both = std::bit_cast<std::uint32_t>(a) | std::uint64_t{std::bit_cast<std::uint32_t>(b)} << 32;
+    std::memcpy(to, &both, sizeof both);
+}
+inline void putTogether(double* to, double a, double b)
+{
+    typedef double Both __attribute__((vector_size(16)));
+    const Both both{a, b};
+    std::memcpy(to, &both, sizeof both);
+}
+
 // N reals as N/2 complex numbers: their transform, recombined where it stands. So few reals that calls would take
 // longest are transformed as they are. Inlined, since layout and space would be passed in memory.
 template <class R>
@@ -86,8 +102,7 @@ template <class R>
     const R first = src[0], last = src[layout.last];
     const auto recombine = inDirection(kernels<RealKernels<R>>().recombine, flags);
     recombine(src + layout.pairs, dst + 2, order - 1, space.recombination, 1, 1);
-    dst[0] = first + last;
-    dst[1] = first - last;
+    putTogether(dst, first + last, first - last);
     transformPairs<R>(dst, dst, order - 1, flags, space, scale);
 }
 
