@@ -193,8 +193,8 @@ ARK_INLINE V timesPairs(V a, Cplx<V> b)
     return exchanged ? a * b.re - neighbours * b.im : a * b.re + neighbours * b.im;
 }
 
-// One stage of a transform over complex numbers of which a register holds those from number first on: the sum of two at a
-// distance for the lower one, the difference for the upper one. Those in whose number a bit of turned is set are
+// One stage of a transform over complex numbers of which a register holds those from number first on: the sum of two at
+// a distance for the lower one, the difference for the upper one. Those in whose number a bit of turned is set are
 // multiplied by -i before, which exchanges their parts; signs, with a sum, cost nothing.
 template <int first, int turned>
 constexpr bool isTurned(int lane)
